@@ -51,9 +51,6 @@ private:
   T c_[N];
 };
 
-extern template class ALIDADE_API TAbstractPoint<double, 2>;
-extern template class ALIDADE_API TAbstractPoint<double, 3>;
-
 template <class T>
 class TAbstractPoint2 : public TAbstractPoint<T, 2> {
 public:
@@ -127,10 +124,6 @@ public:
   T& cy() { return (*this)[1]; }
 };
 
-extern template class ALIDADE_API TAbstractPoint2<double>;
-extern template class ALIDADE_API TAbstractPoint3<double>;
-extern template class ALIDADE_API TAbstractSize2<double>;
-
 template <class T>
 class TAbstractRect {
 public:
@@ -201,6 +194,15 @@ private:
   T bottom_;
 };
 
+// The library holds the instantiations. MinGW neither exports nor imports the inline members of an instantiated
+// template, so a Windows program instantiates those itself and finds the others in the import library.
+#if !defined(__MINGW32__) || defined(ALIDADE_BUILDING)
+extern template class ALIDADE_API TAbstractPoint<double, 2>;
+extern template class ALIDADE_API TAbstractPoint<double, 3>;
+extern template class ALIDADE_API TAbstractPoint2<double>;
+extern template class ALIDADE_API TAbstractPoint3<double>;
+extern template class ALIDADE_API TAbstractSize2<double>;
 extern template class ALIDADE_API TAbstractRect<double>;
+#endif
 
 #endif

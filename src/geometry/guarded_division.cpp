@@ -2,42 +2,64 @@
 
 #include <cfenv>
 
-#if defined(_WIN32)
-#include <cfloat>
-#endif
-
 #include "strict_arithmetic.h"
+
+#if defined(__SSE2__) || defined(_M_X64)
+#define ALIDADE_DIVIDES_IN_SSE
+#include <xmmintrin.h>
+#endif
 
 namespace alidade {
 
 namespace {
 
-// The exceptions among division by zero and invalid operation that the calling thread traps.
-int trapped_exceptions() {
-#if defined(_WIN32)
-  // A set bit of the control word masks the exception.
-  const unsigned masked = _controlfp(0, 0);
-  return ((masked & _EM_ZERODIVIDE) == 0 ? FE_DIVBYZERO : 0) | ((masked & _EM_INVALID) == 0 ? FE_INVALID : 0);
-#elif defined(__GLIBC__)
-  const int trapped = fegetexcept();
-  return trapped == -1 ? 0 : trapped & (FE_DIVBYZERO | FE_INVALID);
-#else
-  return 0;  // no portable way to trap, so nothing is trapped
-#endif
+// The volatile accesses keep the division where it is written, between the two accesses of the environment: the
+// compiler knows nothing of that dependence.
+double quotient_in_place(double dividend, double divisor) {
+  volatile double operand = divisor;
+  volatile double quotient = dividend / operand;
+  return quotient;
 }
 
 }  // namespace
 
+#if defined(ALIDADE_DIVIDES_IN_SSE)
+
+// The control and status word of the unit that divides holds all that matters here: flags in bits 0-5, their masks in
+// bits 7-12 (set means not trapped), rounding and flush-to-zero above. fenv.h would do, but MinGW's does not touch it.
 double guarded_quotient(double dividend, double divisor) {
-  const int trapped = trapped_exceptions();
+  constexpr unsigned kFlags = 0x3f;
+  constexpr unsigned kMaskShift = 7;
+  constexpr unsigned kInvalid = 0x01;
+  constexpr unsigned kDivisionByZero = 0x04;
+
+  const unsigned saved = _mm_getcsr();
+  _mm_setcsr((saved & ~kFlags) | (kFlags << kMaskShift));
+  const double quotient = quotient_in_place(dividend, divisor);
+  const unsigned raised = _mm_getcsr();
+  _mm_setcsr(saved);
+
+  const unsigned trapped = ~(saved >> kMaskShift);
+  return (raised & trapped & (kInvalid | kDivisionByZero)) != 0 ? 0.0 : quotient;
+}
+
+#else
+
+double guarded_quotient(double dividend, double divisor) {
+#if defined(__GLIBC__)
+  const int enabled = fegetexcept();
+  const int trapped = enabled == -1 ? 0 : enabled;
+#else
+  const int trapped = 0;  // no portable way to ask, nor to enable a trap
+#endif
   std::fenv_t saved;
-  std::feholdexcept(&saved);  // masks every trap and clears the flags, so that what is raised below is our own
-  // The volatile accesses keep the division between the two calls: the compiler knows nothing of the environment.
-  volatile double operand = divisor;
-  volatile double quotient = dividend / operand;
+  std::feholdexcept(&saved);  // clears the flags and masks the traps, so that what is raised below is this division's
+  const double quotient = quotient_in_place(dividend, divisor);
   const int raised = std::fetestexcept(FE_DIVBYZERO | FE_INVALID);
   std::fesetenv(&saved);
   return (raised & trapped) != 0 ? 0.0 : quotient;
 }
+
+#endif
 
 }  // namespace alidade
