@@ -110,7 +110,11 @@ public:
   covar operator&(const covar& V) const;
 
 private:
-  double m_[9];
+  // Two views of the same nine doubles, so that a column handed out as a triad is a triad.
+  union {
+    double m_[9];
+    triad columns_[3];
+  };
 };
 
 ALIDADE_API int InvertSMatr3(covar& V);

@@ -1,0 +1,68 @@
+#include <alidade/linalg3.h>
+#include <alidade/matrix.h>
+
+#include "linalg3/products3.h"
+#include "matrix/block_transfer.h"
+#include "strict_arithmetic.h"
+
+matr3_3::matr3_3(int) : m_{0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0} {}
+
+matr3_3::matr3_3(const covar& V) : m_{V[0], V[1], V[3], V[1], V[2], V[4], V[3], V[4], V[5]} {}
+
+// In both block constructors the transfer fills all nine elements.
+matr3_3::matr3_3(TSMatrix& S, int r, int c) { alidade::block_transfer_packed(S, r, c, 3, 3, '>', m_); }
+
+matr3_3::matr3_3(TMatrix& T, int r, int c) { alidade::block_transfer_dense(T.GetN1(), T, r, c, 3, 3, '>', m_); }
+
+matr3_3& matr3_3::operator=(int) {
+  for (double& element : m_) {
+    element = 0.0;
+  }
+  return *this;
+}
+
+int matr3_3::Index(int i, int j) { return 3 * j + i; }
+
+triad* matr3_3::Column(int j) { return columns_ + j; }
+
+matr3_3& matr3_3::operator+=(const matr3_3& o) {
+  for (int k = 0; k < 9; ++k) {
+    m_[k] += o.m_[k];
+  }
+  return *this;
+}
+
+matr3_3& matr3_3::operator-=(const matr3_3& o) {
+  for (int k = 0; k < 9; ++k) {
+    m_[k] -= o.m_[k];
+  }
+  return *this;
+}
+
+matr3_3& matr3_3::operator*=(double d) {
+  for (double& element : m_) {
+    element *= d;
+  }
+  return *this;
+}
+
+matr3_3& matr3_3::operator/=(double d) { return *this *= 1.0 / d; }
+
+matr3_3 matr3_3::operator*(const matr3_3& B) const {
+  matr3_3 product;
+  alidade::dense_product3(m_, B.m_, product.m_);
+  return product;
+}
+
+triad matr3_3::operator*(const triad& v) const {
+  const double x[3] = {v[0], v[1], v[2]};
+  double y[3];
+  alidade::dense_times_vector3(m_, x, y);
+  return {y[0], y[1], y[2]};
+}
+
+covar matr3_3::operator&(const covar& V) const {
+  covar propagated;
+  alidade::congruence_product3(m_, V, propagated);
+  return propagated;
+}
