@@ -7,6 +7,7 @@
 /// Threads: calls on distinct objects may run in parallel; the constants are read-only after load.
 
 #include <alidade/coords.h>
+#include <alidade/environment.h>
 #include <alidade/geometry.h>
 #include <alidade/host.h>
 #include <alidade/linalg3.h>
