@@ -1,6 +1,8 @@
 #include <alidade/environment.h>
 
 #include <cfenv>
+#include <cstdint>
+#include <cstring>
 
 #include "strict_arithmetic.h"
 
@@ -12,8 +14,8 @@ namespace {
 
 bool rounds_to_nearest() {
   volatile double one = 1.0;
-  volatile double tiny = 0x1p-60;          // far below half a unit in the last place of 1
-  volatile double half_unit = 0x1p-53;     // exactly half of one: the tie goes to the even neighbour
+  volatile double tiny = 0x1p-60;       // far below half a unit in the last place of 1
+  volatile double half_unit = 0x1p-53;  // exactly half of one: the tie goes to the even neighbour
   volatile double three_halves = 0x1.8p-52;
   const bool not_up = one + tiny == 1.0;            // upward gives 1 + 2^-52
   const bool not_down = one - tiny == 1.0;          // downward and towards zero give 1 - 2^-53
@@ -22,10 +24,15 @@ bool rounds_to_nearest() {
   return not_up && not_down && tie_to_even && tie_from_odd;
 }
 
+// The product is looked at as bits: a comparison would read a subnormal product as zero when only
+// denormals-are-zero is set.
 bool flushes_to_zero() {
   volatile double smallest_normal = 0x1p-1022;
   volatile double half = 0.5;
-  return smallest_normal * half == 0.0;
+  const double product = smallest_normal * half;
+  std::uint64_t product_bits = 0;
+  std::memcpy(&product_bits, &product, sizeof product_bits);
+  return product_bits == 0;
 }
 
 // The operand is subnormal and the result would be normal, so that flush-to-zero alone does not show here.

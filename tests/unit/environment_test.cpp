@@ -87,9 +87,7 @@ unsigned faults_with(unsigned control_bits) {
   return faults;
 }
 
-TEST_F(EnvironmentFaults, FlushToZeroIsReported) {
-  EXPECT_EQ(faults_with(kFlushToZeroBit), alidade::kFlushesToZero);
-}
+TEST_F(EnvironmentFaults, FlushToZeroIsReported) { EXPECT_EQ(faults_with(kFlushToZeroBit), alidade::kFlushesToZero); }
 
 TEST_F(EnvironmentFaults, DenormalsAreZeroIsReported) {
   EXPECT_EQ(faults_with(kDenormalsAreZeroBit), alidade::kDenormalsAreZero);
@@ -97,8 +95,7 @@ TEST_F(EnvironmentFaults, DenormalsAreZeroIsReported) {
 
 // What the start-up object of GCC's -ffast-math sets.
 TEST_F(EnvironmentFaults, BothTogetherAreReported) {
-  EXPECT_EQ(faults_with(kFlushToZeroBit | kDenormalsAreZeroBit),
-            alidade::kFlushesToZero | alidade::kDenormalsAreZero);
+  EXPECT_EQ(faults_with(kFlushToZeroBit | kDenormalsAreZeroBit), alidade::kFlushesToZero | alidade::kDenormalsAreZero);
 }
 
 TEST_F(EnvironmentFaults, TheDefaultEnvironmentCuresFlushToZero) {
