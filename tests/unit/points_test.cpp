@@ -5,6 +5,7 @@
 #include <climits>
 #include <cmath>
 #include <limits>
+#include <new>
 #include <type_traits>
 
 #include "bits.h"

@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <limits>
+#include <new>
 #include <type_traits>
 
 #include "bits.h"
