@@ -137,6 +137,23 @@ TEST(CovarEigen, TwoLargeAxesAndOneSmallGiveWrongAxes) {
   EXPECT_LT(residual(two_large, two_large.GetEigen(1.0)), kBound);
 }
 
+// Decoupling the first or the second axis instead of the third is no block case, and GetEigen has nothing to divide by:
+// it gives the third unit vector whatever the eigenvalue is.
+TEST(CovarEigen, DecouplingAnotherAxisThanTheThirdGivesNoAxes) {
+  const triad u = covar(2, 0, 5, 1, 0, 2).GetEigen(3);
+  CHECK_BITS(u[0], 0.0);
+  CHECK_BITS(u[2], 1.0);
+  for (const covar& v : {covar(2, 0, 5, 1, 0, 2), covar(5, 0, 2, 0, 1, 2)}) {
+    matr3_3 axes = v.DuserDeigen();
+    int third_axes = 0;
+    for (int j = 0; j < 3; ++j) {
+      third_axes += (*axes.Column(j))[2] == 1.0 ? 1 : 0;
+    }
+    EXPECT_EQ(third_axes, 2);
+    EXPECT_GT(worst_residual(v, axes), 0.1);
+  }
+}
+
 // With the third axis decoupled the plane rotation is exact whatever the sizes are. For a horizontal error ellipse set
 // the covariances with the third component to zero.
 TEST(CovarEigen, BlockCaseIsRightWhateverTheSizes) {
