@@ -4,6 +4,48 @@
 /// @file
 /// Packed symmetric and rectangular matrices, product kernels, the operator family, the inversion of normal
 /// matrices, and scalar helpers.
+///
+/// **Storage.** Every matrix is one array of doubles; all indices count from zero.
+///
+/// Packed symmetric (`TSMatrix`, `covar`, arguments called packed): the lower triangle row by row, n(n + 1)/2 elements.
+/// Element (i, j) and its mirror (j, i) are one; it lies at p(p + 1)/2 + q with p = max(i, j), q = min(i, j):
+///
+///         j = 0  1  2  3
+///     i = 0   0
+///         1   1  2
+///         2   3  4  5
+///         3   6  7  8  9
+///
+/// A leading triangle of smaller order is the beginning of the array, so a matrix is narrowed without moving anything.
+///
+/// Dense (`TMatrix`, `matr3_3`, arguments called dense): column by column, the row index running fastest. Element (i,
+/// j) of a matrix of N1 rows lies at i + N1 j:
+///
+///         j = 0  1  2
+///     i = 0   0  4  8        N1 = 4
+///         1   1  5  9
+///         2   2  6 10
+///         3   3  7 11
+///
+/// Diagonal (one storage mode of SMatrProduct): the vector of the diagonal elements.
+///
+/// **Operation codes.** One character says what becomes of the target. Block transfers read it as follows; products and
+/// operators have readings of their own, given with each.
+///
+/// | code | block transfer: each matrix element M with its buffer element B |
+/// |---|---|
+/// | `'+'` | M = M + B |
+/// | `'-'` | M = M - B |
+/// | `'='` | M = B, copy into the matrix |
+/// | `'>'` | B = M, copy out of the matrix |
+/// | `'0'` | M = 0.0; B is not read and the buffer may be null |
+/// | any other | nothing |
+///
+/// **Sizes.** Offsets are formed in 64 bits: orders up to 65,535 in packed and whatever fits in memory in dense
+/// storage. What returns an int (positions, numbers of elements) is right up to 2^31 - 1. Nothing is checked against a
+/// size.
+///
+/// **Overlap.** Unless a comment allows it, arguments must not overlap.
 
 #include <alidade/export.h>
 
@@ -11,37 +53,105 @@ class covar;
 class matr3_3;
 class TMatrix;
 
+/// A symmetric matrix of run-time order, packed: normal matrices, covariances of many parameters.
+///
+/// Owns its array when built with an order, views the caller's when built over a buffer. The order in use, Dim1, moves
+/// between 0 and the order at construction, InitDim1; the elements stay where they are.
 class ALIDADE_API TSMatrix {
 public:
+  /// A matrix of order n with an array of its own.
+  ///
+  /// @param n        order, 0 to 65,535; room for one element is allocated at least
+  /// @param noClear  0: all elements 0.0; any other: left unset
+  ///
+  /// Throws what the platform's new throws when the memory is not there.
   TSMatrix(int n, int noClear);
+
+  /// A view over the caller's buffer of n(n + 1)/2 elements: nothing is allocated, copied or ever released.
   TSMatrix(double* p, int n);
+
+  /// A deep copy: an array of its own with all of the source's InitDim1 triangle, not only the part in use.
+  ///
+  /// A view is copied into an owner. The source is not changed.
   TSMatrix(TSMatrix& src);
+
+  /// Releases the array if this object owns it.
   ~TSMatrix();
+
+  /// **Shallow**: takes over the four fields as they stand, the ownership flag among them.
+  ///
+  /// Afterwards both objects refer to one array, and what the target had before is not released. Two owners of one
+  /// array release it twice. Deliberate, for use between views; to copy elements use the copy constructor or BlockOper.
   TSMatrix& operator=(const TSMatrix& o);
+
+  /// Sets the elements in use to 0.0 when v is 0; any other v changes nothing (deliberate: zero is the only fill
+  /// value).
   TSMatrix& operator=(int v);
 
+  /// Packed element k.
   double operator[](int k) const { return data_[k]; }
+  /// Packed element k.
   double& operator[](int k) { return data_[k]; }
+  /// The packed elements.
   operator double*() { return data_; }
+  /// The packed elements.
   operator double const*() const { return data_; }
 
+  /// Packed position of element (i, j), by the formula at the head: (1) `LinearIndex(i, j) == LinearIndex(j, i)`.
   static int LinearIndex(int i, int j);
+
+  /// Number of packed elements in use, Dim1 (Dim1 + 1)/2. **Not the order**, which is GetDim1.
   int GetDimension() const;
+  /// The order in use.
   int GetDim1() const { return dim1_; }
+  /// The order at construction.
   int GetInitDim1() const { return init_dim1_; }
+  /// Sets the order in use; more than InitDim1 is ignored without notice.
   void SetDim1(int d);
+  /// Sets the order in use back to InitDim1. What was outside meanwhile is as it was.
   void ResetDim1();
+
+  /// Every element in use times f. Bits: class A.
   TSMatrix& operator*=(double f);
 
+  /// Block transfer between rows i0 ... i0 + n1 - 1, columns j0 ... j0 + n2 - 1 and a dense buffer of n1 by n2.
+  ///
+  /// @param op   code of a block transfer, see the head
+  /// @param buf  element (m, k) belongs to (i0 + m, j0 + k)
+  ///
+  /// Column by column. Where the block lies across the diagonal, an element and its mirror are one and are reached
+  /// twice: '+' adds both buffer elements, '=' leaves the later one, '>' fills both. Nothing is done for n1 < 1 or n2
+  /// < 1.
   void BlockOper(int i0, int j0, int n1, int n2, char op, double* buf);
+  /// The same with M as the buffer: n1, n2 are M's rows and columns.
   void BlockOper(int i0, int j0, char op, TMatrix& M);
+  /// The same with M as the buffer, n1 = n2 = 3.
   void BlockOper(int i0, int j0, char op, matr3_3& M);
+
+  /// Block transfer between the diagonal block of order n from (i0, i0) on and a packed buffer of order n.
+  ///
+  /// Every element is reached once. Nothing is done for n < 1.
   void BlockOper(int i0, int n, char op, double* buf);
+  /// The same with T as the buffer, n = T's order in use.
   void BlockOper(int i0, char op, TSMatrix& T);
+  /// The same with V as the buffer, n = 3.
   void BlockOper(int i0, char op, covar& V);
 
+  /// R = A S A' with S this matrix.
+  ///
+  /// @param A  dense, R's order in use by this matrix's order in use
+  /// @param R  the target, overwritten; not this matrix
+  ///
+  /// SMatrProductAQAt with the code NUL, which that kernel takes for assignment. Bits: class A.
   void A_This_At(double* A, TSMatrix& R);
+
+  /// P = S B for one column B of Dim1 elements.
+  ///
+  /// @param op  accepted and **not used**: P is overwritten whatever it is (deliberate)
+  ///
+  /// SMatrProduct with S packed and B dense. P must not overlap B. Bits: class A.
   void MatrProduct(double* B, char op, double* P);
+  /// The same for each column of B, which has Dim1 rows; P's array receives Dim1 rows by B's columns.
   void MatrProduct(TMatrix& B, char op, TMatrix& P);
 
 private:
@@ -51,29 +161,81 @@ private:
   double* data_;
 };
 
+/// A rectangular matrix of run-time size, dense: design matrices, right-hand sides, blocks.
+///
+/// Owns its array when built with sizes, views the caller's when built over a buffer.
 class ALIDADE_API TMatrix {
 public:
+  /// A matrix of n1 rows and n2 columns with an array of its own.
+  ///
+  /// @param n1, n2   0 or more; room for one element is allocated at least
+  /// @param noClear  0: all elements 0.0; any other: left unset
+  ///
+  /// Throws what the platform's new throws when the memory is not there.
   TMatrix(int n1, int n2, int noClear);
+
+  /// A view over the caller's buffer of n1 n2 elements: nothing is allocated, copied or ever released.
   TMatrix(double* p, int n1, int n2);
+
+  /// A deep copy: an array of its own for the N1 N2 elements in use, not the source's whole capacity.
+  ///
+  /// A view is copied into an owner. The source is not changed.
   TMatrix(TMatrix& src);
+
+  /// Releases the array if this object owns it.
   ~TMatrix();
+
+  /// **Shallow**: takes over the five fields as they stand, the ownership flag among them.
+  ///
+  /// Afterwards both objects refer to one array, and what the target had before is not released. Two owners of one
+  /// array release it twice. Deliberate, for use between views; to copy elements use the copy constructor or SubMatrix.
   TMatrix& operator=(const TMatrix& o);
+
+  /// Sets the elements in use to 0.0 when v is 0; any other v changes nothing (deliberate: zero is the only fill
+  /// value).
   TMatrix& operator=(int v);
 
+  /// Element k of the array.
   double operator[](int k) const { return data_[k]; }
+  /// Element k of the array.
   double& operator[](int k) { return data_[k]; }
+  /// The elements, column by column.
   operator double*() { return data_; }
+  /// The elements, column by column.
   operator double const*() const { return data_; }
 
+  /// Position of the element in row i and column j: i + N1 j.
   int Index(int i, int j) const { return i + n1_ * j; }
+  /// Number of rows.
   int GetN1() const { return n1_; }
+  /// Number of columns.
   int GetN2() const { return n2_; }
+  /// Number of elements in use, N1 N2.
   int GetDimension() const;
+
+  /// Another shape over the same array; no element moves, no memory is allocated.
+  ///
+  /// In this order:
+  /// (1) n1 = -1 and n2 <= N2: nothing.
+  /// (2) n2 < 0: N1 = n1 if n1 <= N1, else nothing. So `SetDimension(n1, -1)` reduces the rows alone.
+  /// (3) n1 n2 <= capacity: N1 = n1, N2 = n2, else nothing. The capacity is what was allocated, or n1 n2 of a view.
+  ///
+  /// Kept for compatibility: n1 = -1 with n2 > N2 reaches (3) with a negative product and leaves N1 = -1.
   void SetDimension(int n1, int n2);
+
+  /// Every element in use times f. Bits: class A.
   TMatrix& operator*=(double f);
 
+  /// Block transfer between rows i0 ... i0 + n1 - 1, columns j0 ... j0 + n2 - 1 and a dense buffer of n1 by n2.
+  ///
+  /// @param op   code of a block transfer, see the head
+  /// @param buf  element (m, k) belongs to (i0 + m, j0 + k)
+  ///
+  /// Nothing is done for n1 < 1 or n2 < 1.
   void SubMatrix(int i0, int j0, int n1, int n2, char op, double* buf);
+  /// The same with M as the buffer: n1, n2 are M's rows and columns.
   void SubMatrix(int i0, int j0, char op, TMatrix& M);
+  /// The same with M as the buffer, n1 = n2 = 3.
   void SubMatrix(int i0, int j0, char op, matr3_3& M);
 
 private:
@@ -89,9 +251,52 @@ ALIDADE_API void MAtB(const double* a, const double* b, double* c, int n, int m,
 ALIDADE_API void SMatrProduct(const double* a, const double* b, double* c, int n, int m, int modeA, int modeB, int k);
 ALIDADE_API void SMatrProductAQAt(const double* a, const double* q, double* c, int n, int m, char op);
 ALIDADE_API void MRAtQL(double* r, char op, const double* a, const double* q, const double* l, int n, int m);
+
+/// Block transfer between rows i0 ... i0 + n1 - 1, columns j0 ... j0 + n2 - 1 of a packed matrix and a dense buffer.
+///
+/// @param s    packed, of any order that holds the block
+/// @param op   code of a block transfer, see the head
+/// @param buf  dense, n1 by n2; element (m, k) belongs to (i0 + m, j0 + k)
+///
+/// Column by column, without regard to the diagonal: in a block across it an element and its mirror are one and are
+/// reached twice. '+' and '-' then take both buffer elements, '=' leaves the later one, '>' fills both. For a symmetric
+/// block on the diagonal use SMatrAndSBlockOper. Nothing is done for n1 < 1 or n2 < 1. Bits: class A.
 ALIDADE_API void SMatrAndBlockOper(double* s, int i0, int j0, int n1, int n2, char op, double* buf);
+
+/// Block transfer between the diagonal block of order nk from (k0, k0) on of a packed matrix and a packed buffer.
+///
+/// @param s    packed, of order k0 + nk at least
+/// @param op   code of a block transfer, see the head
+/// @param buf  packed, of order nk
+///
+/// Every element is reached once, row by row. Nothing is done for nk < 1. Bits: class A.
 ALIDADE_API void SMatrAndSBlockOper(double* s, int k0, int nk, char op, double* buf);
+
+/// Block transfer between rows i0 ... i0 + n1 - 1, columns j0 ... j0 + n2 - 1 of a dense matrix and a dense buffer.
+///
+/// @param ld   number of rows of m
+/// @param m    dense
+/// @param op   code of a block transfer, see the head
+/// @param buf  dense, n1 by n2; element (m, k) belongs to (i0 + m, j0 + k)
+///
+/// Nothing is done for n1 < 1 or n2 < 1. Bits: class A.
 ALIDADE_API void MatrAndBlockOper(int ld, double* m, int i0, int j0, int n1, int n2, char op, double* buf);
+
+/// Position of a matrix element in one of three storage modes. **Indices and result count from 1.**
+///
+/// @param i, j  row and column, from 1
+/// @param n     number of rows; used below mode 1 only
+/// @param m     number of columns; not used
+/// @param ms    storage mode
+/// @return the position, from 1; 0 for an element that the mode does not store
+///
+/// | ms | storage | position |
+/// |---|---|---|
+/// | below 1 | dense | i + (j - 1) n |
+/// | 1 | packed | i + j(j - 1)/2 for i < j, else j + i(i - 1)/2 |
+/// | above 1 | diagonal | i on the diagonal, else 0 |
+///
+/// Packed is the form at the head: upper triangle by columns and lower triangle by rows are the same sequence.
 ALIDADE_API int LOC1(int i, int j, int n, int m, int ms);
 
 ALIDADE_API void SMATRopRt_S_R(TSMatrix& T, char op, const TMatrix& R, const TSMatrix& S);
