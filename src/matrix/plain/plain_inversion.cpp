@@ -1,0 +1,123 @@
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include "matrix/inversion_progress.h"
+#include "matrix/packed_index.h"
+#include "matrix/plain/ordered_sums.h"
+#include "matrix/plain/plain_kernels.h"
+#include "strict_arithmetic.h"
+
+namespace alidade::plain {
+
+namespace {
+
+// The nonzero factor entries left of the pivot of the row in hand: column and value.
+struct Entry {
+  std::ptrdiff_t column;
+  double value;
+};
+
+void collect_nonzeros(const double* row, std::ptrdiff_t n, std::vector<Entry>& entries) {
+  entries.clear();
+  for (std::ptrdiff_t j = 0; j < n; ++j) {
+    if (row[j] != 0.0) {
+      entries.push_back({j, row[j]});
+    }
+  }
+}
+
+// Column k of the factor below the pivot. An entry that starts as zero and meets no pair of nonzeros is structurally
+// zero and becomes exactly 0.0: neither a negative zero nor the zero of an infinite reciprocal survives.
+void finish_factor_column(double* matrix, std::ptrdiff_t n, std::ptrdiff_t k, double reciprocal,
+                          const std::vector<Entry>& entries) {
+  for (std::ptrdiff_t i = k + 1; i < n; ++i) {
+    double* row = matrix + packed_size(i);
+    double work = row[k];
+    bool nonzero = work != 0.0;
+    for (const Entry& entry : entries) {
+      const double factor = row[entry.column];
+      if (factor != 0.0) {
+        work -= factor * entry.value;
+        nonzero = true;
+      }
+    }
+    row[k] = nonzero ? reciprocal * work : 0.0;
+  }
+}
+
+// N = L L', column by column, each from the finished ones to its left. Row i of the packed triangle holds what column k
+// needs of it, so the sums run along rows. The diagonal keeps 1 / l(k, k).
+int factorise(double* matrix, std::ptrdiff_t n, InversionProgress& progress) {
+  std::vector<Entry> entries;
+  entries.reserve(static_cast<std::size_t>(n));
+  for (std::ptrdiff_t k = 0; k < n; ++k) {
+    progress.start_factor_row(k + 1);
+    double* row = matrix + packed_size(k);
+    collect_nonzeros(row, k, entries);
+    double pivot = row[k];
+    for (const Entry& entry : entries) {
+      pivot -= entry.value * entry.value;
+    }
+    if (!(pivot > 0.0)) {  // so written that a NaN fails, too
+      return static_cast<int>(k) + 1;
+    }
+    const double reciprocal = 1.0 / std::sqrt(pivot);
+    row[k] = reciprocal;
+    finish_factor_column(matrix, n, k, reciprocal, entries);
+  }
+  return 0;
+}
+
+// X = inverse of L, row by row in place: row k is a combination of the rows above it.
+void invert_factor(double* matrix, std::ptrdiff_t n, InversionProgress& progress) {
+  std::vector<double> work(static_cast<std::size_t>(n));
+  for (std::ptrdiff_t k = 1; k < n; ++k) {
+    progress.start_inverse_row(k + 1);
+    double* row = matrix + packed_size(k);
+    clear(work.data(), k);
+    for (std::ptrdiff_t j = 0; j < k; ++j) {
+      if (row[j] != 0.0) {
+        add_scaled<false>(work.data(), matrix + packed_size(j), -row[k] * row[j], j + 1);
+      }
+    }
+    std::copy_n(work.data(), k, row);
+  }
+}
+
+// X' X in place: row m of X is used up by the outer product that it adds to the rows above, then scaled into the
+// first contribution to its own row.
+void multiply_by_transpose(double* matrix, std::ptrdiff_t n, InversionProgress& progress) {
+  for (std::ptrdiff_t m = 0; m < n; ++m) {
+    double* row = matrix + packed_size(m);
+    for (std::ptrdiff_t p = 0; p < m; ++p) {
+      if (row[p] != 0.0) {
+        add_scaled<false>(matrix + packed_size(p), row, row[p], p + 1);
+      }
+    }
+    const double diagonal = row[m];
+    for (std::ptrdiff_t j = 0; j <= m; ++j) {
+      row[j] *= diagonal;
+    }
+    progress.finish_product_row(m + 1);
+  }
+}
+
+}  // namespace
+
+int invert_normal_matrix(double* packed, int n, int* progress, int span) {
+  if (n < 1) {
+    return 0;
+  }
+  InversionProgress report(progress, span, n);
+  const int failed = factorise(packed, n, report);
+  if (failed != 0) {
+    return failed;
+  }
+  invert_factor(packed, n, report);
+  multiply_by_transpose(packed, n, report);
+  return 0;
+}
+
+}  // namespace alidade::plain
