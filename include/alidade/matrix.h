@@ -205,7 +205,7 @@ public:
   operator double const*() const { return data_; }
 
   /// Position of the element in row i and column j: i + N1 j.
-  int Index(int i, int j) const { return i + n1_ * j; }
+  int Index(int i, int j) const { return static_cast<int>(i + static_cast<long long>(n1_) * j); }
   /// Number of rows.
   int GetN1() const { return n1_; }
   /// Number of columns.
