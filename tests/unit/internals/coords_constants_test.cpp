@@ -1,0 +1,30 @@
+// The constants of the coordinates by bit pattern.
+
+#include <gtest/gtest.h>
+
+#include "bits.h"
+#include "coords/angle_constants.h"
+#include "coords/ellipsoid.h"
+
+namespace {
+
+TEST(CoordsConstants, ByBitPattern) {
+  CHECK_BITS(alidade::kDegreesPerRadian, bits::from(0x404CA5DC1A63C1F8));
+  CHECK_BITS(alidade::kRadiansPerDegree, bits::from(0x3F91DF46A2529D39));
+  CHECK_BITS(alidade::kRadiansPerDegreeDecimal, bits::from(0x3F91DF46A2529D3A));
+  CHECK_BITS(alidade::kPi, bits::from(0x400921FB54442D18));
+  CHECK_BITS(alidade::kHalfPi, bits::from(0x3FF921FB54442D18));
+  CHECK_BITS(alidade::kFullTurn, bits::from(0x401921FB54442D18));
+  CHECK_BITS(alidade::kDegreesPerMinute, bits::from(0x3F91111111111111));
+  CHECK_BITS(alidade::kDegreesPerArcSecond, bits::from(0x3F323456789ABCDF));
+  CHECK_BITS(alidade::kArcSecondsPerDegree, bits::from(0x40AC200000000000));
+  CHECK_BITS(alidade::kDegreesPerTurn, bits::from(0x4076800000000000));
+  CHECK_BITS(alidade::kSemiMajorAxis, bits::from(0x415854A640000000));
+  CHECK_BITS(alidade::kFirstEccentricity, bits::from(0x3FB4F21A3EF31D32));
+}
+
+TEST(CoordsConstants, TheTwoDegreeFactorsAreNeighbours) {
+  EXPECT_EQ(bits::of(alidade::kRadiansPerDegreeDecimal), bits::of(alidade::kRadiansPerDegree) + 1);
+}
+
+}  // namespace
