@@ -1,0 +1,444 @@
+#include "network_file.h"
+
+#include <alidade/coords.h>
+#include <alidade/matrix.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <numeric>
+
+#include "matrix_views.h"
+#include "weight.h"
+
+namespace network {
+namespace {
+
+// A cluster while its records arrive: the covariance elements may come in any order, each of them once.
+struct OpenCluster {
+  GroupKind kind;
+  const char* element_record;
+  VectorGroup group;
+  std::vector<char> present;
+  double scale = 1.0;
+  bool scale_given = false;
+
+  bool open() const { return !group.vectors.empty(); }
+};
+
+// Published records wait for the end of the file, where stations and observations are known.
+struct PendingStation {
+  int line;
+  std::string name;
+  PublishedStation values;
+};
+
+struct PendingObservation {
+  int line;
+  std::string label;
+  PublishedObservation values;
+};
+
+class Reader {
+public:
+  explicit Reader(const std::string& name) : name_(name) {}
+
+  void read(std::istream& input);
+  Network finish();
+
+private:
+  struct RecordType {
+    const char* type;
+    const char* layout;
+    void (Reader::*read)(Record&);
+  };
+  static const RecordType kTypes[9];
+
+  void dispatch(Record& record);
+  void read_statistic(Record& record);
+  void read_baseline(Record& record);
+  void read_cluster_baseline(Record& record);
+  void read_cluster_baseline_covariance(Record& record) { read_element(record, baselines_); }
+  void read_cluster_scale(Record& record);
+  void read_position(Record& record);
+  void read_position_covariance(Record& record) { read_element(record, positions_); }
+  void read_published_station(Record& record);
+  void read_published_observation(Record& record);
+
+  void expect_next_in_cluster(Record& record, OpenCluster& cluster);
+  void read_element(Record& record, OpenCluster& cluster);
+  void close_cluster(OpenCluster& cluster);
+  void add_group(VectorGroup group);
+  void expect_every_station_tied() const;
+  void resolve_published_stations();
+  void resolve_published_observations();
+
+  int station(const std::string& station_name, int line);
+  void read_ends(Record& record, ObservedVector& vector);
+  static Coord read_coord(Record& record);
+
+  std::string name_;
+  int lines_ = 0;
+  Network network_;
+  std::map<std::string, int> index_;
+  OpenCluster baselines_{GroupKind::kBaselineCluster, "CBLC", {}, {}};
+  OpenCluster positions_{GroupKind::kPositionCluster, "CPOSC", {}, {}};
+  std::vector<PendingStation> pending_stations_;
+  std::vector<PendingObservation> pending_observations_;
+};
+
+const Reader::RecordType Reader::kTypes[9] = {
+    {"SUM", "key value", &Reader::read_statistic},
+    {"BL", "id from to dX dY dZ cXX cXY cYY cXZ cYZ cZZ scale", &Reader::read_baseline},
+    {"CBL", "k from to dX dY dZ", &Reader::read_cluster_baseline},
+    {"CBLC", "i j value", &Reader::read_cluster_baseline_covariance},
+    {"CBLS", "scale", &Reader::read_cluster_scale},
+    {"CPOS", "k station X Y Z", &Reader::read_position},
+    {"CPOSC", "i j value", &Reader::read_position_covariance},
+    {"ADJ", "station lat lon H h X Y Z sdE sdN sdU", &Reader::read_published_station},
+    {"RES", "kind from to comp measured adjusted correction sdMeas sdAdj sdCorr nstat reliab",
+     &Reader::read_published_observation},
+};
+
+const char* kind_letter(GroupKind kind) {
+  switch (kind) {
+    case GroupKind::kBaseline:
+      return "G";
+    case GroupKind::kBaselineCluster:
+      return "X";
+    default:
+      return "Y";
+  }
+}
+
+void Reader::read(std::istream& input) {
+  for (std::string text; std::getline(input, text);) {
+    Record record(name_, ++lines_, text);
+    if (!record.empty()) {
+      dispatch(record);
+    }
+  }
+  if (input.bad()) {
+    fail(name_, lines_ + 1, "expected a readable file");
+  }
+}
+
+void Reader::dispatch(Record& record) {
+  for (const RecordType& known : kTypes) {
+    if (record.type() == known.type) {
+      record.expect_layout(known.layout);
+      (this->*known.read)(record);
+      return;
+    }
+  }
+  std::string types;
+  for (const RecordType& known : kTypes) {
+    types += (types.empty() ? "" : ", ") + std::string(known.type);
+  }
+  record.fail("expected one of the record types " + types + ", found \"" + record.type() + "\"");
+}
+
+void Reader::read_statistic(Record& record) {
+  const std::string key = record.text();
+  const double value = record.number();
+  if (!network_.published.statistics.emplace(key, value).second) {
+    record.fail("expected each published statistic once, found \"" + key + "\" again");
+  }
+}
+
+int Reader::station(const std::string& station_name, int line) {
+  const auto [entry, is_new] = index_.emplace(station_name, static_cast<int>(network_.stations.size()));
+  if (is_new) {
+    network_.stations.push_back({station_name, line});
+  }
+  return entry->second;
+}
+
+void Reader::read_ends(Record& record, ObservedVector& vector) {
+  vector.from = station(record.text(), record.line());
+  vector.to = station(record.text(), record.line());
+  if (vector.from == vector.to) {
+    record.fail_at_field("another station than from");
+  }
+}
+
+Coord Reader::read_coord(Record& record) {
+  const double x = record.number();
+  const double y = record.number();
+  const double z = record.number();
+  return {x, y, z};
+}
+
+void Reader::read_baseline(Record& record) {
+  record.index();
+  VectorGroup group{GroupKind::kBaseline, record.line(), {}, {}, {}};
+  ObservedVector vector{};
+  read_ends(record, vector);
+  vector.value = read_coord(record);
+  group.vectors.push_back(vector);
+  for (int k = 0; k < 6; ++k) {
+    group.covariance.push_back(record.number());
+  }
+  const double scale = record.positive_number();
+  for (double& element : group.covariance) {
+    element *= scale;
+  }
+  add_group(std::move(group));
+}
+
+// Number 0 begins a new cluster. All vectors of a cluster stand before its covariance, whose order they fix.
+void Reader::expect_next_in_cluster(Record& record, OpenCluster& cluster) {
+  const int k = record.index();
+  if (k == 0) {
+    close_cluster(cluster);
+    cluster.group.line = record.line();
+    cluster.group.kind = cluster.kind;
+  } else if (!cluster.present.empty()) {
+    record.fail_at_field("0, the first of a new cluster (the covariance of the last one has begun),");
+  }
+  if (k != static_cast<int>(cluster.group.vectors.size())) {
+    record.fail_at_field(std::to_string(cluster.group.vectors.size()) + ", the next number of the cluster,");
+  }
+}
+
+void Reader::read_cluster_baseline(Record& record) {
+  expect_next_in_cluster(record, baselines_);
+  ObservedVector vector{};
+  read_ends(record, vector);
+  vector.value = read_coord(record);
+  baselines_.group.vectors.push_back(vector);
+}
+
+void Reader::read_position(Record& record) {
+  expect_next_in_cluster(record, positions_);
+  ObservedVector vector{};
+  vector.from = kNoStation;
+  vector.to = station(record.text(), record.line());
+  vector.value = read_coord(record);
+  positions_.group.vectors.push_back(vector);
+}
+
+void Reader::read_element(Record& record, OpenCluster& cluster) {
+  if (!cluster.open()) {
+    record.fail("expected the vectors of a cluster before " + record.type() + ", found none");
+  }
+  const int rows = cluster.group.rows();
+  if (cluster.present.empty()) {
+    cluster.present.assign(packed_size(rows), 0);
+    cluster.group.covariance.assign(packed_size(rows), 0.0);
+  }
+  const int i = record.index();
+  if (i >= rows) {
+    record.fail_at_field("a row from 0 to " + std::to_string(rows - 1));
+  }
+  const int j = record.index();
+  if (j > i) {
+    record.fail_at_field("a column from 0 to i = " + std::to_string(i));
+  }
+  const auto position = static_cast<std::size_t>(TSMatrix::LinearIndex(i, j));
+  if (cluster.present[position] != 0) {
+    record.fail("expected each element of the covariance once, found " + std::to_string(i) + " " + std::to_string(j) +
+                " again");
+  }
+  cluster.present[position] = 1;
+  cluster.group.covariance[position] = record.number();
+}
+
+void Reader::read_cluster_scale(Record& record) {
+  if (!baselines_.open()) {
+    record.fail("expected the baselines of a cluster before CBLS, found none");
+  }
+  if (baselines_.scale_given) {
+    record.fail("expected one CBLS record for a cluster, found another");
+  }
+  baselines_.scale = record.positive_number();
+  baselines_.scale_given = true;
+}
+
+void Reader::close_cluster(OpenCluster& cluster) {
+  if (!cluster.open()) {
+    return;
+  }
+  const int line = cluster.group.line;
+  const std::size_t needed = packed_size(cluster.group.rows());
+  const auto found = static_cast<std::size_t>(std::count(cluster.present.begin(), cluster.present.end(), 1));
+  if (found != needed) {
+    fail(name_, line,
+         "expected " + std::to_string(needed) + " " + cluster.element_record +
+             " records for the cluster that begins here, found " + std::to_string(found));
+  }
+  if (cluster.kind == GroupKind::kBaselineCluster && !cluster.scale_given) {
+    fail(name_, line, "expected a CBLS record for the cluster that begins here, found none");
+  }
+  for (double& element : cluster.group.covariance) {
+    element *= cluster.scale;
+  }
+  add_group(std::move(cluster.group));
+  cluster = {cluster.kind, cluster.element_record, {}, {}};
+}
+
+void Reader::add_group(VectorGroup group) {
+  if (!invert_covariance(group.covariance, group.rows(), group.weight)) {
+    fail(name_, group.line, "expected a positive definite covariance for the vectors that begin here");
+  }
+  network_.groups.push_back(std::move(group));
+}
+
+// Degrees from packed sexagesimal text, D.MMSSsss with the sign in front.
+double parse_packed_degrees(Record& record) {
+  const char* const expected = "an angle in packed degrees D.MMSSsss";
+  std::string text = record.text();
+  const bool negative = !text.empty() && text[0] == '-';
+  text.erase(0, negative ? 1 : 0);
+  const std::size_t point = text.find('.');
+  const bool digits_only =
+      std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c) != 0 || c == '.'; });
+  if (!digits_only || point == 0 || point > 3 || text.find('.', point + 1) != std::string::npos ||
+      text.size() < point + 5) {
+    record.fail_at_field(expected);
+  }
+  const int degrees = std::stoi(text.substr(0, point));
+  const int minutes = std::stoi(text.substr(point + 1, 2));
+  const double seconds = std::stod(text.substr(point + 3, 2)) + std::stod("0." + text.substr(point + 5) + "0");
+  if (minutes >= 60 || seconds >= 60) {
+    record.fail_at_field(expected);
+  }
+  const double angle = dms_to_deg(degrees, minutes, seconds);
+  return negative ? -angle : angle;
+}
+
+void Reader::read_published_station(Record& record) {
+  PendingStation pending{record.line(), record.text(), {}};
+  PublishedStation& values = pending.values;
+  values.latitude_deg = parse_packed_degrees(record);
+  values.longitude_deg = parse_packed_degrees(record);
+  record.number();  // physical height: needs a geoid model
+  values.height = record.number();
+  values.position = read_coord(record);
+  values.sd_east = record.number();
+  values.sd_north = record.number();
+  values.sd_up = record.number();
+  pending_stations_.push_back(pending);
+}
+
+void Reader::read_published_observation(Record& record) {
+  PendingObservation pending{record.line(), {}, {}};
+  for (int k = 0; k < 4; ++k) {
+    pending.label += (k == 0 ? "" : " ") + record.text();
+  }
+  record.number();  // measured
+  pending.values.adjusted = record.number();
+  pending.values.correction = record.number();
+  record.number();  // standard deviation of the measured value
+  pending.values.sd_adjusted = record.number();
+  pending.values.sd_correction = record.number();
+  pending.values.normal_statistic = record.number();
+  record.number();  // reliability
+  pending_observations_.push_back(pending);
+}
+
+void Reader::resolve_published_stations() {
+  for (PendingStation& pending : pending_stations_) {
+    const auto entry = index_.find(pending.name);
+    if (entry == index_.end()) {
+      fail(name_, pending.line, "expected a station of the network, found \"" + pending.name + "\"");
+    }
+    pending.values.station = entry->second;
+    network_.published.stations.push_back(pending.values);
+  }
+}
+
+// A published result lists every observation, in the order of the file, or none.
+void Reader::resolve_published_observations() {
+  if (pending_observations_.empty()) {
+    return;
+  }
+  std::vector<std::string> labels;
+  for (const VectorGroup& group : network_.groups) {
+    for (const ObservedVector& vector : group.vectors) {
+      const std::string to = network_.stations[static_cast<std::size_t>(vector.to)].name;
+      const std::string ends = vector.from == kNoStation
+                                   ? to + " -"
+                                   : network_.stations[static_cast<std::size_t>(vector.from)].name + " " + to;
+      for (const char* component : {" X", " Y", " Z"}) {
+        labels.push_back(kind_letter(group.kind) + (" " + ends) + component);
+      }
+    }
+  }
+  for (std::size_t k = 0; k < pending_observations_.size(); ++k) {
+    const PendingObservation& pending = pending_observations_[k];
+    if (k >= labels.size() || pending.label != labels[k]) {
+      fail(name_, pending.line,
+           "expected " + (k < labels.size() ? "\"RES " + labels[k] + " ...\"" : std::string("no more RES records")) +
+               ", found \"RES " + pending.label + "\"");
+    }
+    network_.published.observations.push_back(pending.values);
+  }
+  if (pending_observations_.size() != labels.size()) {
+    fail(name_, lines_,
+         "expected " + std::to_string(labels.size()) + " RES records, one for each observation, found " +
+             std::to_string(pending_observations_.size()));
+  }
+}
+
+// Baselines tie stations to each other, positions tie them to the ground. With positive definite covariances this is
+// exactly what makes the normal equations regular.
+void Reader::expect_every_station_tied() const {
+  std::vector<std::size_t> set(network_.stations.size() + 1);  // the last element stands for the ground
+  std::iota(set.begin(), set.end(), std::size_t{0});
+  const auto root = [&set](std::size_t i) {
+    while (set[i] != i) {
+      i = set[i];
+    }
+    return i;
+  };
+  const std::size_t ground = network_.stations.size();
+  for (const VectorGroup& group : network_.groups) {
+    for (const ObservedVector& vector : group.vectors) {
+      const std::size_t from = vector.from == kNoStation ? ground : static_cast<std::size_t>(vector.from);
+      set[root(static_cast<std::size_t>(vector.to))] = root(from);
+    }
+  }
+  for (std::size_t i = 0; i < ground; ++i) {
+    if (root(i) != root(ground)) {
+      fail(name_, network_.stations[i].line,
+           "expected baselines that lead to an observed position (CPOS), found none for station " +
+               network_.stations[i].name);
+    }
+  }
+}
+
+Network Reader::finish() {
+  close_cluster(baselines_);
+  close_cluster(positions_);
+  if (network_.groups.empty()) {
+    fail(name_, std::max(lines_, 1), "expected observations (BL, CBL or CPOS records), found none");
+  }
+  // The order of the published result: baselines, clusters of baselines, positions.
+  std::stable_sort(network_.groups.begin(), network_.groups.end(),
+                   [](const VectorGroup& a, const VectorGroup& b) { return a.kind < b.kind; });
+  expect_every_station_tied();
+  resolve_published_stations();
+  resolve_published_observations();
+  return std::move(network_);
+}
+
+}  // namespace
+
+Network read_network(std::istream& input, const std::string& name) {
+  Reader reader(name);
+  reader.read(input);
+  return reader.finish();
+}
+
+Network read_network_file(const std::string& path) {
+  std::ifstream input(path);
+  if (!input) {
+    throw InputError(path + ": expected a readable file: " + std::strerror(errno));
+  }
+  return read_network(input, path);
+}
+
+}  // namespace network

@@ -1,0 +1,15 @@
+#ifndef NETWORK_ADJUSTMENT_SVG_PLAN_H
+#define NETWORK_ADJUSTMENT_SVG_PLAN_H
+
+#include <string>
+
+#include "plan.h"
+
+namespace network {
+
+// The plan as an SVG document. title stands above it.
+std::string svg(const Plan& plan, const std::string& title);
+
+}  // namespace network
+
+#endif
