@@ -1,0 +1,239 @@
+// Runs the program as a surveyor does.
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contents(const fs::path& path) {
+  std::ifstream input(path, std::ios::binary);
+  std::ostringstream text;
+  text << input.rdbuf();
+  return text.str();
+}
+
+class Program : public testing::Test {
+protected:
+  void SetUp() override {
+    const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
+    directory_ = fs::temp_directory_path() / ("network_adjustment_" + name);
+    fs::remove_all(directory_);
+    fs::create_directories(directory_);
+  }
+  void TearDown() override { fs::remove_all(directory_); }
+
+  fs::path file(const std::string& name) const { return directory_ / name; }
+
+  // Runs the program; output and error hold what it printed.
+  int run(const std::string& arguments) {
+    const std::string command =
+        "\"" PROGRAM "\" " + arguments + " >\"" + file("out").string() + "\" 2>\"" + file("err").string() + "\"";
+    const int status = std::system(command.c_str());  // NOLINT: the command is the test's own
+    output = contents(file("out"));
+    error = contents(file("err"));
+#if defined(_WIN32)
+    return status;
+#else
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+#endif
+  }
+
+  std::string svg_option() const { return "--svg \"" + file("network.svg").string() + "\" "; }
+
+  std::string output;
+  std::string error;
+
+private:
+  fs::path directory_;
+};
+
+// Well-formed as far as the program's documents go: one root, tags that close in order, attributes in quotes and given
+// once, no stray < or &.
+testing::AssertionResult well_formed(const std::string& text) {
+  std::vector<std::string> open;
+  std::size_t roots = 0;
+  std::size_t i = 0;
+  const auto bad = [&](const char* what) { return testing::AssertionFailure() << what << " at byte " << i; };
+  const auto name_at = [&](std::size_t& at) {
+    const std::size_t begin = at;
+    while (at < text.size() && (std::isalnum(static_cast<unsigned char>(text[at])) != 0 || text[at] == '-' ||
+                                text[at] == ':' || text[at] == '_')) {
+      ++at;
+    }
+    return text.substr(begin, at - begin);
+  };
+  if (text.rfind("<?xml ", 0) == 0) {
+    i = text.find("?>") + 2;
+  }
+  while (i < text.size()) {
+    if (text[i] == '&') {
+      const std::size_t end = text.find(';', i);
+      const std::string entity = text.substr(i + 1, end - i - 1);
+      if (end == std::string::npos || (entity != "amp" && entity != "lt" && entity != "gt" && entity != "quot")) {
+        return bad("stray &");
+      }
+    }
+    if (text[i] != '<') {
+      if (open.empty() && std::isspace(static_cast<unsigned char>(text[i])) == 0) {
+        return bad("text outside the root");
+      }
+      ++i;
+      continue;
+    }
+    ++i;
+    if (i < text.size() && text[i] == '/') {
+      ++i;
+      const std::string name = name_at(i);
+      if (open.empty() || open.back() != name || i >= text.size() || text[i] != '>') {
+        return bad("closing tag out of order");
+      }
+      open.pop_back();
+      ++i;
+      continue;
+    }
+    const std::string name = name_at(i);
+    if (name.empty()) {
+      return bad("stray <");
+    }
+    roots += open.empty() ? 1 : 0;
+    std::vector<std::string> attributes;
+    bool closed = false;
+    while (i < text.size() && text[i] != '>') {
+      if (std::isspace(static_cast<unsigned char>(text[i])) != 0) {
+        ++i;
+      } else if (text[i] == '/') {
+        closed = true;
+        ++i;
+      } else {
+        const std::string attribute = name_at(i);
+        for (const std::string& other : attributes) {
+          if (other == attribute) {
+            return bad("attribute twice");
+          }
+        }
+        attributes.push_back(attribute);
+        if (attribute.empty() || text.compare(i, 2, "=\"") != 0) {
+          return bad("attribute without quotes");
+        }
+        const std::size_t end = text.find('"', i + 2);
+        if (end == std::string::npos || text.substr(i + 2, end - i - 2).find('<') != std::string::npos) {
+          return bad("attribute without end");
+        }
+        i = end + 1;
+      }
+    }
+    if (i >= text.size()) {
+      return bad("tag without end");
+    }
+    ++i;
+    if (!closed) {
+      open.push_back(name);
+    }
+  }
+  if (!open.empty() || roots != 1) {
+    return bad("root not closed, or not one root");
+  }
+  return testing::AssertionSuccess();
+}
+
+TEST_F(Program, AdjustsTheNetworkThatComesWithIt) {
+  ASSERT_EQ(run(svg_option()), 0) << error;
+  EXPECT_EQ(error, "");
+  for (const char* line : {
+           "Adjustment of 43 stations: 417 observations, 129 unknowns, redundancy 288",
+           "variance factor 1.169, 95 % bounds 0.843 and 1.170: passed.",
+           "10 of 417 observations beyond 1.96:",
+           "largest tau 2.222, critical 3.801; 0 flagged.",
+           "222702010 -> 222701160   Y  correction",
+           "MYRT -> BEEC\n",
+           "MYRT -> 324900360\n",
+           "MYRT -> 324901090\n",
+           "Chi-square 336.64 published, ",
+       }) {
+    EXPECT_NE(output.find(line), std::string::npos) << line;
+  }
+}
+
+TEST_F(Program, WritesAWellFormedPlan) {
+  ASSERT_EQ(run(svg_option() + "\"" NETWORK_FILE "\""), 0) << error;
+  const std::string plan = contents(file("network.svg"));
+  EXPECT_TRUE(well_formed(plan));
+  EXPECT_NE(plan.find("<svg xmlns=\"http://www.w3.org/2000/svg\""), std::string::npos);
+  // An ellipse for each station and one in the legend.
+  std::size_t ellipses = 0;
+  for (std::size_t at = plan.find("<ellipse "); at != std::string::npos; at = plan.find("<ellipse ", at + 1)) {
+    ++ellipses;
+  }
+  EXPECT_EQ(ellipses, 44U);
+  for (const char* text : {">MYRT<", ">324901090<", ">N<", " km<", " mm<", "enlarged "}) {
+    EXPECT_NE(plan.find(text), std::string::npos) << text;
+  }
+}
+
+TEST(WellFormed, NoticesFaults) {
+  EXPECT_TRUE(well_formed("<?xml version=\"1.0\"?>\n<a b=\"1\"><c/>x &amp; y</a>\n"));
+  for (const char* text : {"<a>", "<a></b>", "<a><b></a></b>", "<a/><b/>", "<a b=1/>", "<a b=\"1\" b=\"2\"/>",
+                           "<a>&x</a>", "<a>1 < 2</a>", "x<a/>", "<a b=\"<\"/>", ""}) {
+    EXPECT_FALSE(well_formed(text)) << text;
+  }
+}
+
+TEST_F(Program, TellsItsOptions) {
+  EXPECT_EQ(run("--help"), 0);
+  EXPECT_EQ(error, "");
+  for (const char* option : {"--svg FILE", "--base STATION", "--rover STATION", "--help"}) {
+    EXPECT_NE(output.find(option), std::string::npos) << option;
+  }
+}
+
+TEST_F(Program, ReducesFromOtherStationsOnRequest) {
+  ASSERT_EQ(run(svg_option() + "--base BEEC --rover HOTH --rover MYRT"), 0) << error;
+  EXPECT_NE(output.find("BEEC -> HOTH\n"), std::string::npos);
+  EXPECT_NE(output.find("BEEC -> MYRT\n"), std::string::npos);
+  EXPECT_EQ(output.find("MYRT -> BEEC\n"), std::string::npos);
+}
+
+TEST_F(Program, FaultyInputEndsWithCodeTwoAndNothingPrinted) {
+  // The first 300 lines end within the covariance of the positions.
+  std::istringstream whole(contents(NETWORK_FILE));
+  std::ofstream part(file("part.txt"));
+  std::string line;
+  for (int k = 0; k < 300 && std::getline(whole, line); ++k) {
+    part << line << "\n";
+  }
+  part.close();
+  EXPECT_EQ(run(svg_option() + "\"" + file("part.txt").string() + "\""), 2);
+  EXPECT_EQ(output, "");
+  EXPECT_NE(error.find("part.txt:261: expected 171 CPOSC records for the cluster that begins here, found 34"),
+            std::string::npos)
+      << error;
+  EXPECT_FALSE(fs::exists(file("network.svg")));
+}
+
+TEST_F(Program, FaultyCommandLinesEndWithCodeTwoAndNothingPrinted) {
+  for (const char* arguments :
+       {"--nonsense", "--svg", "a.txt b.txt", "no/such/file.txt", "--base NOWHERE", "--rover NOWHERE", "\"\""}) {
+    EXPECT_EQ(run(svg_option() + arguments), 2) << arguments;
+    EXPECT_EQ(output, "") << arguments;
+    EXPECT_NE(error.find("expected"), std::string::npos) << arguments << ": " << error;
+    EXPECT_FALSE(fs::exists(file("network.svg"))) << arguments;
+  }
+}
+
+TEST_F(Program, PlanThatCannotBeWrittenEndsWithCodeOneAndNothingPrinted) {
+  EXPECT_EQ(run("--svg \"" + (file("no") / "such" / "network.svg").string() + "\""), 1);
+  EXPECT_EQ(output, "");
+  EXPECT_NE(error.find("cannot be written"), std::string::npos);
+}
+
+}  // namespace
