@@ -48,10 +48,13 @@ bool print_axes(const covar& v, matr3_3 axes, int count) {
     for (int i = 0; i < 3; ++i) {
       verified = verified && std::fabs(w[i] - variance * u[i]) < 1e-9 * trace;
     }
-    const double azimuth = std::atan2(u[1], u[0]) * 180.0 / kPi;
+    // An axis has two ends; named is the upper one, and of a level axis the one in the eastern half.
+    const bool other_end = u[2] < 0.0 || (u[2] == 0.0 && u[1] < 0.0);
+    const double side = other_end ? -1.0 : 1.0;
+    const double azimuth = std::atan2(side * u[1], side * u[0]) * 180.0 / kPi;
     const double elevation = std::asin(std::fmin(std::fabs(u[2]), 1.0)) * 180.0 / kPi;
     std::printf("  semi-axis %6.2f mm  azimuth %5.1f deg  elevation %4.1f deg\n",
-                std::sqrt(variance) * kMillimetresPerMetre, azimuth < 0.0 ? azimuth + 180.0 : azimuth, elevation);
+                std::sqrt(variance) * kMillimetresPerMetre, azimuth < 0.0 ? azimuth + 360.0 : azimuth, elevation);
   }
   std::printf("  verified: %s\n", verified ? "yes" : "no, these are not principal axes");
   return verified;

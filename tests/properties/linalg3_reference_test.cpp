@@ -2,6 +2,7 @@
 // decoupled axes, equal eigenvalues, singular and nearly singular ones, signed zeros, subnormals, infinities and NaN.
 
 #include <alidade/linalg3.h>
+#include <alidade/matrix.h>
 
 #include <algorithm>
 #include <cmath>
@@ -183,6 +184,26 @@ TEST(Linalg3Reference, Axes) {
     source.covariance(v);
     reference::covar_axes(v, expected);
     ASSERT_TRUE(same(covariance(v).DuserDeigen(), expected)) << round;
+  }
+}
+
+// The members of order three are the general kernels with dimension three.
+TEST(Linalg3Reference, MembersEqualTheGeneralKernels) {
+  covariances::Source source(48);
+  for (int round = 0; round < kRounds; ++round) {
+    double a[9], b[9], v[6], x[3], expected[9];
+    source.vector(a, 9);
+    source.vector(b, 9);
+    source.covariance(v);
+    source.vector(x, 3);
+    MatrixProduct(a, b, expected, 3, 3, 3);
+    ASSERT_TRUE(same(matrix(a) * matrix(b), expected)) << round;
+    MatrixProduct(a, x, expected, 3, 3, 1);
+    ASSERT_TRUE(same(matrix(a) * vector(x), expected)) << round;
+    SMatrProduct(v, x, expected, 3, 3, 1, 0, 1);
+    ASSERT_TRUE(same(covariance(v) * vector(x), expected)) << round;
+    SMatrProductAQAt(a, v, expected, 3, 3, '\0');
+    ASSERT_TRUE(same(matrix(a) & covariance(v), expected)) << round;
   }
 }
 

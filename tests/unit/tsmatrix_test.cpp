@@ -274,6 +274,51 @@ TEST(TSMatrix, ExchangesBlocksOfOrderThree) {
   CHECK_BITS(s[20], 21.0);
 }
 
+// The products are those of the kernels with the matrices' own sizes; the code is accepted and not used.
+TEST(TSMatrix, TimesAColumnUsesTheActiveTriangle) {
+  TSMatrix s(4, 0);
+  count_up(s);
+  s.SetDim1(3);
+  double x[3] = {1, 10, 100};
+  const double expected[4] = {421, 532, 654, -7};
+  for (const char op : {'=', '+', '-', '|', '0', '\0', 'x'}) {
+    double y[4] = {9, 9, 9, -7};
+    s.MatrProduct(x, op, y);
+    EXPECT_TRUE(bits::equal_arrays(y, expected, 4)) << op;
+  }
+}
+
+TEST(TSMatrix, TimesAMatrixUsesItsColumns) {
+  TSMatrix s(3, 0);
+  count_up(s);
+  double columns[6] = {1, 10, 100, 0, -1, 0};
+  TMatrix b(columns, 3, 2);
+  const double expected[9] = {421, 532, 654, -2, -3, -5, 9, 9, 9};
+  for (const char op : {'=', '+', '-', '\0'}) {
+    TMatrix p(3, 3, 0);
+    for (int k = 0; k < 9; ++k) {
+      p[k] = 9;
+    }
+    s.MatrProduct(b, op, p);
+    EXPECT_TRUE(bits::equal_arrays(p, expected, 9)) << op;
+    EXPECT_EQ(p.GetN2(), 3);
+  }
+}
+
+TEST(TSMatrix, CongruenceOverwritesTheTargetOfItsOwnOrder) {
+  TSMatrix s(4, 0);
+  count_up(s);
+  s.SetDim1(3);
+  double a[6] = {1, 0, 2, 1, 0, 3};  // rows (1 2 0) and (0 1 3)
+  TSMatrix r(3, 0);
+  count_up(r);
+  r.SetDim1(2);
+  s.A_This_At(a, r);
+  // s = (1 2 4; 2 3 5; 4 5 6): s times the first row is (5, 8, 14), 5 + 16 = 21, 8 + 42 = 50; 3 + 30 + 54 = 87.
+  const double expected[6] = {21, 50, 87, 4, 5, 6};
+  EXPECT_TRUE(bits::equal_arrays(r, expected, 6));
+}
+
 TEST(TSMatrix, TheLargestOrder) {
   TSMatrix s(static_cast<double*>(nullptr), 65535);
   EXPECT_EQ(s.GetDimension(), 2147450880);
