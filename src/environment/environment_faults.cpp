@@ -1,9 +1,9 @@
 #include <alidade/environment.h>
 
-#include <cfenv>
 #include <cstdint>
 #include <cstring>
 
+#include "held_environment.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -57,8 +57,7 @@ bool keeps_excess_precision() {
 
 unsigned environment_faults() {
   // The probes underflow, overflow and are inexact: a host that traps these must not notice.
-  std::fenv_t saved;
-  std::feholdexcept(&saved);
+  const HeldEnvironment held;
   unsigned faults = 0;
   const bool nearest = rounds_to_nearest();
   if (!nearest) {
@@ -74,7 +73,6 @@ unsigned environment_faults() {
   if (nearest && keeps_excess_precision()) {
     faults |= kExcessPrecision;
   }
-  std::fesetenv(&saved);
   return faults;
 }
 

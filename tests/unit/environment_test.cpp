@@ -100,7 +100,11 @@ TEST_F(EnvironmentFaults, BothTogetherAreReported) {
 
 TEST_F(EnvironmentFaults, TheDefaultEnvironmentCuresFlushToZero) {
   _mm_setcsr(_mm_getcsr() | kFlushToZeroBit | kDenormalsAreZeroBit);
+#if defined(__MINGW32__)
+  _mm_setcsr(0x1f80);  // its fesetenv does not reach the SSE unit
+#else
   std::fesetenv(FE_DFL_ENV);
+#endif
   EXPECT_EQ(alidade::environment_faults(), 0U);
 }
 

@@ -79,7 +79,11 @@ TEST(PowerOfDouble, MultipliesUpTo31) {
     const double multiplied = n == 0 ? 1.0 : n > 0 ? product : 1.0 / product;
     CHECK_BITS(power(1.1, n), factors <= 31 ? multiplied : library_pow(1.1, n)) << n;
   }
+#if defined(__GLIBC__)
+  // A pow that is right to half a unit differs from the products on either side of the limit, which is therefore seen.
   EXPECT_NE(bits::of(power(1.1, 31)), bits::of(library_pow(1.1, 31)));
+  EXPECT_NE(bits::of(power(1.1, 32)), bits::of(power(1.1, 31) * 1.1));
+#endif
   // The product overflows before it is inverted.
   CHECK_BITS(power(1e-11, -30), 1.0 / power(1e-11, 30));
   CHECK_BITS(power(1e11, -30), 0.0);

@@ -1,0 +1,69 @@
+#ifndef ALIDADE_SRC_HELD_ENVIRONMENT_H
+#define ALIDADE_SRC_HELD_ENVIRONMENT_H
+
+#include <cfenv>
+
+#include "strict_arithmetic.h"
+
+#if defined(__SSE2__) || defined(_M_X64)
+#define ALIDADE_CALCULATES_IN_SSE
+#include <xmmintrin.h>
+#endif
+
+namespace alidade {
+
+// For its life floating-point traps are masked and the exception flags start clear; afterwards flags, masks, rounding
+// and flush-to-zero are as they were. Arithmetic in between must go through volatile objects, for the compiler knows
+// nothing of the environment and would move it.
+#if defined(ALIDADE_CALCULATES_IN_SSE)
+
+// The control and status word of the unit that calculates is all that matters: flags in bits 0-5, their masks in bits
+// 7-12 (set means not trapped), rounding and flush-to-zero elsewhere. fenv.h would do, but MinGW's leaves it alone.
+class HeldEnvironment {
+public:
+  HeldEnvironment() : saved_(_mm_getcsr()) { _mm_setcsr((saved_ & ~kFlags) | (kFlags << kMaskShift)); }
+  ~HeldEnvironment() { _mm_setcsr(saved_); }
+  HeldEnvironment(const HeldEnvironment&) = delete;
+  HeldEnvironment& operator=(const HeldEnvironment&) = delete;
+
+  // A division by zero or an invalid operation has been raised that would have trapped.
+  bool trap_withheld() const {
+    const unsigned trapped = ~(saved_ >> kMaskShift);
+    return (_mm_getcsr() & trapped & (kInvalid | kDivisionByZero)) != 0;
+  }
+
+private:
+  static constexpr unsigned kFlags = 0x3f;
+  static constexpr unsigned kMaskShift = 7;
+  static constexpr unsigned kInvalid = 0x01;
+  static constexpr unsigned kDivisionByZero = 0x04;
+
+  unsigned saved_;
+};
+
+#else
+
+class HeldEnvironment {
+public:
+  HeldEnvironment() {
+#if defined(__GLIBC__)
+    trapped_ = fegetexcept() & (FE_DIVBYZERO | FE_INVALID);
+#endif
+    std::feholdexcept(&saved_);
+  }
+  ~HeldEnvironment() { std::fesetenv(&saved_); }
+  HeldEnvironment(const HeldEnvironment&) = delete;
+  HeldEnvironment& operator=(const HeldEnvironment&) = delete;
+
+  bool trap_withheld() const { return trapped_ != 0 && std::fetestexcept(trapped_) != 0; }
+
+private:
+  int trapped_ = 0;  // without glibc there is no portable way to ask, nor to enable a trap
+  std::fenv_t saved_{};
+};
+
+#endif
+
+}  // namespace alidade
+
+#endif
