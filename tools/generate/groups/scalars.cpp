@@ -1,0 +1,156 @@
+#include "reference/scalars.h"
+
+#include "generate/requests.h"
+
+namespace generate {
+namespace {
+
+using golden::Arguments;
+using golden::Tokens;
+
+constexpr int kListed = 20;
+
+struct Integers {
+  int count;
+  int v[kListed];
+  explicit Integers(Arguments& in) : count(in.integer()) {
+    for (int& value : v) {
+      value = in.integer();
+    }
+  }
+};
+
+struct Numbers {
+  int count;
+  double v[kListed];
+  explicit Numbers(Arguments& in) : count(in.integer()) { in.numbers(v, kListed); }
+};
+
+// Neither argument is changed: the second result is always 1.
+template <int width, bool negative_rotates>
+void rotate(Arguments& in, Tokens& out) {
+  const int v = in.integer();
+  out.integer(reference::rotate(v, width, in.integer(), negative_rotates)).integer(1);
+}
+
+}  // namespace
+
+Source scalars() {
+  Source s = {{"scalars",
+               "counted extremes, powers, signs, rotations, neighbouring numbers",
+               {
+                   {"min1",
+                    [](Arguments& in, Tokens& out) {
+                      const Integers l(in);
+                      out.integer(reference::least(l.count, l.v));
+                    }},
+                   {"max1",
+                    [](Arguments& in, Tokens& out) {
+                      const Integers l(in);
+                      out.integer(reference::greatest(l.count, l.v));
+                    }},
+                   {"amin1",
+                    [](Arguments& in, Tokens& out) {
+                      const Numbers l(in);
+                      out.number(reference::least(l.count, l.v));
+                    }},
+                   {"amax1",
+                    [](Arguments& in, Tokens& out) {
+                      const Numbers l(in);
+                      out.number(reference::greatest(l.count, l.v));
+                    }},
+                   {"power(double)",
+                    [](Arguments& in, Tokens& out) {
+                      const double x = in.number();
+                      out.number(reference::real_power(x, in.integer()));
+                    }},
+                   {"power(int)",
+                    [](Arguments& in, Tokens& out) {
+                      const int a = in.integer();
+                      out.integer(reference::integer_power(a, in.integer()));
+                    }},
+                   {"sign(int)",
+                    [](Arguments& in, Tokens& out) {
+                      const int a = in.integer();
+                      out.integer(reference::sign_transfer(a, in.integer()));
+                    }},
+                   {"sign(double)",
+                    [](Arguments& in, Tokens& out) {
+                      const double a = in.number();
+                      out.number(reference::sign_transfer(a, in.number()));
+                    }},
+                   {"ishc(long)", rotate<32, true>},
+                   {"ishc(short)", rotate<16, false>},
+                   {"ishc(char)", rotate<8, true>},
+                   {"nearest(double)",
+                    [](Arguments& in, Tokens& out) {
+                      const double x = in.number();
+                      out.number(reference::step_double(x, in.number()));
+                    }},
+                   {"nearest(float)",
+                    [](Arguments& in, Tokens& out) {
+                      const float x = static_cast<float>(in.number());
+                      out.number(reference::step_float(x, static_cast<float>(in.number())));
+                    }},
+               }},
+              Requests(505)};
+  Requests& r = s.requests;
+  for (int i = 0; i < 120; ++i) {
+    const int count = i < 60 ? i % 21 : r.between(2, kListed);
+    Tokens integers;
+    integers.integer(count);
+    for (int k = 0; k < kListed; ++k) {
+      integers.integer(r.between(-50, 50));
+    }
+    r.add('A', i % 2 == 0 ? "min1" : "max1", integers);
+    r.add('A', i % 2 == 0 ? "amin1" : "amax1",
+          Tokens().integer(count).append(r.numbers(i % 4 < 2   ? "whole"
+                                                   : i % 8 < 4 ? "short"
+                                                               : "nasty",
+                                                   kListed)));
+  }
+  for (int n = -34; n <= 34; ++n) {
+    for (const double x : {2.0, -1.5, 0.0, -0.0, 1.0000001, 10.0}) {
+      r.add('B', "power(double)", Tokens().number(x).integer(n));
+    }
+    for (const int a : {0, 1, -1, 2, -2, 3, 10, -2147483647 - 1}) {
+      r.add('A', "power(int)", Tokens().integer(a).integer(n));
+    }
+  }
+  for (int i = 0; i < 150; ++i) {
+    r.add('B', "power(double)", r.numbers(r.kind(), 1).integer(r.between(-60, 60)));
+    r.add('A', "power(int)", Tokens().integer(r.between(-100, 100)).integer(r.between(0, 31)));
+  }
+  for (const int a : {0, 3, -3, 2147483647, -2147483647 - 1}) {
+    for (const int b : {0, 1, -1, 2147483647, -2147483647 - 1}) {
+      r.add('A', "sign(int)", Tokens().integer(a).integer(b));
+    }
+  }
+  r.add_numbers('A', "sign(double)", 2, 120);
+  for (int shift = -40; shift <= 40; ++shift) {
+    r.add('A', "ishc(long)", Tokens().integer(r.between(-2147483647, 2147483646)).integer(shift));
+    r.add('A', "ishc(short)", Tokens().integer(r.between(-32768, 32767)).integer(shift));
+    r.add('A', "ishc(char)", Tokens().integer(r.between(0, 127)).integer(shift));
+  }
+  for (const int shift : {2147483647, -2147483647 - 1}) {
+    r.add('A', "ishc(long)", Tokens().integer(1).integer(shift));
+    r.add('A', "ishc(short)", Tokens().integer(1).integer(shift));
+    r.add('A', "ishc(char)", Tokens().integer(1).integer(shift));
+  }
+  for (const double s2 : {1.0, -1.0, 0.0, -0.0}) {
+    for (const double x :
+         {1.0, -1.0, 0.0, 0x0.0000000000001p-1022, 0x1p-1022, 0x1p-967, 0x1.fffffffffffffp+1023, 0x1p+52}) {
+      r.add('A', "nearest(double)", Tokens().number(x).number(s2));
+    }
+    for (const double x : {1.0, -1.0, 0.0, 0x1p-149, 0x1p-126, 0x1p-104, 0x1.fffffep+127, 0x1p+24}) {
+      r.add('A', "nearest(float)", Tokens().number(x).number(s2));
+    }
+  }
+  r.add_numbers('A', "nearest(double)", 2, 120);
+  for (int i = 0; i < 120; ++i) {
+    r.add('A', "nearest(float)", r.numbers(i % 3 == 0 ? "whole" : "short", 2));
+  }
+  return s;
+}
+
+}  // namespace generate

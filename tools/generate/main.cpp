@@ -1,0 +1,83 @@
+// alidade-golden: writes the golden files from the literal reference.
+//
+//     alidade-golden <directory>
+//
+// The library has no part in it: a golden file can therefore show that the library is wrong.
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <fstream>
+#include <set>
+#include <stdexcept>
+#include <string>
+
+#include "generate/recorded_math.h"
+#include "generate/requests.h"
+
+namespace {
+
+std::string case_line(const golden::Group& group, const generate::Request& request) {
+  const golden::Function* function = golden::find_function(group, request.function);
+  if (function == nullptr) {
+    throw std::runtime_error(std::string(group.name) + ": nothing bound to " + request.function);
+  }
+  golden::Arguments in(request.arguments.list());
+  golden::Tokens out;
+  golden::Case c;
+  c.bit_class = request.bit_class;
+  c.function = request.function;
+  c.arguments = request.arguments.list();
+  {
+    const generate::RecordedMath recorded;
+    function->run(in, out);
+    c.math_calls = recorded.calls();
+  }
+  c.results = out.list();
+  if (!in.done()) {
+    throw std::runtime_error(c.function + ": arguments left over");
+  }
+  if (c.bit_class == 'A' && !c.math_calls.empty()) {
+    throw std::runtime_error(c.function + " is class A and calls " + c.math_calls[0].function);
+  }
+  return golden::format_case(c);
+}
+
+void write_group(const std::string& directory, const generate::Source& source) {
+  std::set<std::string> lines;  // sorted, each case once
+  for (const generate::Request& request : source.requests.list()) {
+    lines.insert(case_line(source.group, request));
+  }
+  std::ofstream file(directory + "/" + source.group.name + ".txt", std::ios::binary);
+  file << "# alidade golden cases: " << source.group.about << ".\n"
+       << "# Made from the literal reference by scripts/regenerate-golden; the format is described in README.md.\n"
+       << "# class function arguments -> results [; math function, arguments, result]...\n";
+  for (const std::string& line : lines) {
+    file << line << '\n';
+  }
+  if (!file.flush()) {
+    throw std::runtime_error("cannot write in " + directory);
+  }
+  std::printf("%-14s %6zu cases\n", source.group.name, lines.size());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::printf("usage: alidade-golden <directory>\n");
+    return 1;
+  }
+  try {
+    using namespace generate;
+    for (Source (*source)() :
+         {coordinates, conversions, local_frames, angles, points, rectangles, lines, arcs, triads, covariances,
+          matrices3, eigen, storage, products, operators, inversion, scalars, chi_square, tau}) {
+      write_group(argv[1], source());
+    }
+  } catch (const std::exception& e) {
+    std::printf("alidade-golden: %s\n", e.what());
+    return 1;
+  }
+  return 0;
+}

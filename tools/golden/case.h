@@ -1,0 +1,76 @@
+#ifndef ALIDADE_TOOLS_GOLDEN_CASE_H
+#define ALIDADE_TOOLS_GOLDEN_CASE_H
+
+// One golden case is one line:
+//
+//     <class> <function> <arguments> -> <results> [; <math function> <arguments> <result>]...
+//
+// tests/golden/README.md describes the file for its readers.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace golden {
+
+// One call of the math library that the literal reference made while it computed the results.
+struct MathCall {
+  std::string function;
+  std::vector<double> arguments;
+  double result = 0;
+};
+
+struct Case {
+  char bit_class = 'A';
+  std::string function;
+  std::vector<std::string> arguments;
+  std::vector<std::string> results;
+  std::vector<MathCall> math_calls;
+};
+
+// Reads one line. Throws std::runtime_error with the reason when it is not a case.
+Case parse_case(const std::string& line);
+
+std::string format_call(const MathCall& call);
+std::string format_case(const Case& c);
+
+// The arguments of a case, taken from left to right.
+class Arguments {
+public:
+  explicit Arguments(const std::vector<std::string>& tokens) : tokens_(&tokens) {}
+
+  double number();
+  int integer();
+  std::uint64_t seed();
+  std::string word();
+  char code();  // a quoted character: '=' or '\0' or '\xff'
+  void numbers(double* out, std::size_t n);
+  bool done() const { return next_ == tokens_->size(); }
+
+private:
+  const std::string& next();
+
+  const std::vector<std::string>* tokens_;
+  std::size_t next_ = 0;
+};
+
+// The results of a case, or the arguments of one being written, from left to right.
+class Tokens {
+public:
+  Tokens& number(double v);
+  Tokens& integer(long long v);
+  Tokens& word(const std::string& text);
+  Tokens& code(char c);
+  Tokens& numbers(const double* v, std::size_t n);
+  Tokens& append(const Tokens& other);
+  Tokens& hash(const std::vector<double>& values);
+  const std::vector<std::string>& list() const { return list_; }
+
+private:
+  std::vector<std::string> list_;
+};
+
+}  // namespace golden
+
+#endif

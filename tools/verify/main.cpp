@@ -1,0 +1,207 @@
+// alidade-verify: does the installed library give the documented bits on this machine?
+//
+//     alidade-verify [--verbose] [directory of the golden files]
+//
+// Runs every golden case against the library and prints one line for each group of functions and class of bits, and a
+// verdict. Exit code 0: every result is as documented, or differs where the math library of this machine was seen to
+// differ. 1: a result differs and nothing but alidade's own arithmetic can be the cause, or a golden file is damaged.
+
+#include <alidade/environment.h>
+
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <fstream>
+#include <map>
+#include <set>
+#include <string>
+
+#include "golden/case.h"
+#include "golden/functions.h"
+#include "verify/data_directory.h"
+#include "verify/math_library.h"
+
+namespace {
+
+struct Count {
+  long cases = 0;
+  long equal = 0;
+  long different = 0;
+  long attributed = 0;  // different, and the math library answers at least one of the recorded calls differently
+  long math_calls = 0;
+  long math_differs = 0;
+
+  void add(const Count& other) {
+    cases += other.cases;
+    equal += other.equal;
+    different += other.different;
+    attributed += other.attributed;
+    math_calls += other.math_calls;
+    math_differs += other.math_differs;
+  }
+};
+
+class Verification {
+public:
+  Verification(std::string directory, bool verbose) : directory_(std::move(directory)), verbose_(verbose) {}
+
+  // Returns the number of damages: unreadable lines, functions nobody knows, functions without a case.
+  int run();
+
+  const Count& total() const { return total_; }
+
+private:
+  void run_group(const golden::Group& group);
+  void run_line(const golden::Group& group, const std::string& line);
+  void complain(const std::string& what);
+
+  std::string directory_;
+  bool verbose_;
+  Count total_;
+  std::map<char, Count> classes_;
+  std::set<std::string> seen_;
+  int damages_ = 0;
+  int reported_ = 0;
+};
+
+std::string joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) {
+    text += (text.empty() ? "" : " ") + word;
+  }
+  return text;
+}
+
+void print_row(const char* group, const std::string& bit_class, const Count& c) {
+  std::printf("%-14s %-5s %8ld %8ld %10ld %10ld\n", group, bit_class.c_str(), c.cases, c.equal, c.different,
+              c.attributed);
+}
+
+void Verification::complain(const std::string& what) {
+  constexpr int kShown = 20;
+  if (verbose_ || reported_ < kShown) {
+    std::printf("  %s\n", what.c_str());
+  } else if (reported_ == kShown) {
+    std::printf("  ... (--verbose shows all)\n");
+  }
+  ++reported_;
+}
+
+void Verification::run_line(const golden::Group& group, const std::string& line) {
+  const golden::Case c = golden::parse_case(line);
+  const golden::Function* function = golden::find_function(group, c.function);
+  if (function == nullptr) {
+    throw std::runtime_error("unknown function");
+  }
+  seen_.insert(c.function);
+  golden::Arguments in(c.arguments);
+  golden::Tokens out;
+  function->run(in, out);
+  if (!in.done()) {
+    throw std::runtime_error("too many arguments");
+  }
+  Count& count = classes_[c.bit_class];
+  ++count.cases;
+  for (const golden::MathCall& call : c.math_calls) {
+    ++count.math_calls;
+    count.math_differs += verify::math_library_agrees(call) ? 0 : 1;
+  }
+  if (out.list() == c.results) {
+    ++count.equal;
+  } else if (!verify::math_library_agrees(c)) {
+    ++count.attributed;
+  } else {
+    ++count.different;
+    complain("different: " + line + "\n        got: " + joined(out.list()));
+  }
+}
+
+void Verification::run_group(const golden::Group& group) {
+  const std::string file = directory_ + "/" + group.name + ".txt";
+  std::ifstream in(file);
+  if (!in) {
+    ++damages_;
+    complain("cannot open " + file);
+    return;
+  }
+  classes_.clear();
+  seen_.clear();
+  std::string line;
+  for (long number = 1; std::getline(in, line); ++number) {
+    if (!line.empty() && line.back() == '\r') {
+      line.pop_back();
+    }
+    if (line.empty() || line[0] == '#') {
+      continue;
+    }
+    try {
+      run_line(group, line);
+    } catch (const std::exception& e) {
+      ++damages_;
+      complain(file + ":" + std::to_string(number) + ": " + e.what());
+    }
+  }
+  for (const golden::Function& function : group.functions) {
+    if (seen_.count(function.name) == 0) {
+      ++damages_;
+      complain(file + ": no case of " + function.name);
+    }
+  }
+  for (const auto& entry : classes_) {
+    print_row(group.name, std::string(1, entry.first), entry.second);
+    total_.add(entry.second);
+  }
+}
+
+int Verification::run() {
+  std::printf("%-14s %-5s %8s %8s %10s %10s\n", "group", "class", "cases", "equal", "different", "libm");
+  for (const golden::Group& group : golden::all_groups()) {
+    run_group(group);
+  }
+  print_row("all", "", total_);
+  return damages_;
+}
+
+void print_environment(unsigned faults) {
+  if ((faults & alidade::kRoundingNotToNearest) != 0) {
+    std::printf("environment: the rounding mode is not to nearest\n");
+  }
+  if ((faults & alidade::kFlushesToZero) != 0) {
+    std::printf("environment: subnormal results are flushed to zero\n");
+  }
+  if ((faults & alidade::kDenormalsAreZero) != 0) {
+    std::printf("environment: subnormal operands are read as zero\n");
+  }
+  if ((faults & alidade::kExcessPrecision) != 0) {
+    std::printf("environment: results are kept with more precision than a double\n");
+  }
+  if (faults == 0) {
+    std::printf("environment: as required\n");
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  bool verbose = false;
+  std::string directory = verify::data_directory(argc > 0 ? argv[0] : nullptr);
+  for (int i = 1; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--verbose") == 0) {
+      verbose = true;
+    } else if (argv[i][0] == '-') {
+      std::printf("usage: alidade-verify [--verbose] [directory of the golden files]\n");
+      return std::strcmp(argv[i], "--help") == 0 ? 0 : 1;
+    } else {
+      directory = argv[i];
+    }
+  }
+  const unsigned faults = alidade::environment_faults();
+  print_environment(faults);
+  Verification verification(directory, verbose);
+  const int damages = verification.run();
+  const Count& total = verification.total();
+  std::printf("math library: %ld of %ld recorded calls answered differently\n", total.math_differs, total.math_calls);
+  const bool good = faults == 0 && damages == 0 && total.different == 0 && total.cases > 0;
+  std::printf("verdict: %s\n", good ? "same bits" : "NOT the documented bits");
+  return good ? 0 : 1;
+}
