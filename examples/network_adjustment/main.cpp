@@ -72,7 +72,8 @@ int run(const Options& options) {
 
   const Results results = evaluate_network(adjusted, base, rovers);
   const std::string plan =
-      svg(make_plan(network, results), format("GNSS network of %zu stations", network.stations.size()));
+      svg(make_plan(network, results),
+          format("GNSS network of %zu station%s", network.stations.size(), network.stations.size() == 1 ? "" : "s"));
   if (!write_file(options.svg, plan)) {
     std::fprintf(stderr, "%s: cannot be written\n", options.svg.c_str());
     return kCannotWrite;

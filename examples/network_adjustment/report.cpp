@@ -63,23 +63,26 @@ std::string positions_table(const Network& network, const Results& results) {
 std::string accuracy_table(const Network& network, const Results& results) {
   const int width = name_width(network);
   std::string text = title("Standard deviations and error ellipses (one sigma, a-priori variance factor 1)") +
-                     format("%-*s %9s %9s %9s   %10s %10s %13s\n", width, "station", "east [mm]", "north[mm]",
+                     format("%-*s %10s %10s %10s   %10s %10s %13s\n", width, "station", "east [mm]", "north [mm]",
                             "up [mm]", "major [mm]", "minor [mm]", "azimuth [deg]");
   double largest_residual = 0;
+  std::size_t verified = 0;
   for (const std::size_t i : stations_by_name(network)) {
     const StationResult& station = results.stations[i];
-    text += format("%-*s %9.2f %9.2f %9.2f", width, network.stations[i].name.c_str(), 1e3 * station.sd_east,
+    text += format("%-*s %10.2f %10.2f %10.2f", width, network.stations[i].name.c_str(), 1e3 * station.sd_east,
                    1e3 * station.sd_north, 1e3 * station.sd_up);
     if (station.ellipse.residual <= kAxesTolerance) {
       text += format("   %10.2f %10.2f %13.1f\n", 1e3 * station.ellipse.semi_major, 1e3 * station.ellipse.semi_minor,
                      kDegree * station.ellipse.major_azimuth);
       largest_residual = std::max(largest_residual, station.ellipse.residual);
+      ++verified;
     } else {
       text += "   axes refused: not the principal ones\n";
     }
   }
-  return text + format("Every pair of axes was verified: |V u - lambda u| is at most %.1e of the larger lambda.\n",
-                       largest_residual);
+  return text +
+         format("Axes verified for %zu of %zu stations: |V u - lambda u| is at most %.1e of the larger lambda.\n",
+                verified, results.stations.size(), largest_residual);
 }
 
 std::string signs_of(const ObservationTests& tests, const ObservationTest& test) {
@@ -219,8 +222,9 @@ Results evaluate_network(AdjustedNetwork& adjusted, int base, const std::vector<
 }
 
 std::string report(const Network& network, const AdjustedNetwork& adjusted, const Results& results) {
-  std::string text = format("Adjustment of %zu stations: %d observations, %d unknowns, redundancy %d\n\n",
-                            network.stations.size(), adjusted.observations, adjusted.unknowns, adjusted.redundancy());
+  std::string text =
+      format("Adjustment of %zu station%s: %d observations, %d unknowns, redundancy %d\n\n", network.stations.size(),
+             network.stations.size() == 1 ? "" : "s", adjusted.observations, adjusted.unknowns, adjusted.redundancy());
   text += positions_table(network, results) + "\n" + accuracy_table(network, results) + "\n";
   if (adjusted.redundancy() > 0) {
     text += observations_table(network, results) + "\n" + title("Tests of the adjustment") + variance_summary(results) +

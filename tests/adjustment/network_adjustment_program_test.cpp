@@ -36,8 +36,11 @@ protected:
 
   // Runs the program; output and error hold what it printed.
   int run(const std::string& arguments) {
-    const std::string command =
-        "\"" PROGRAM "\" " + arguments + " >\"" + file("out").string() + "\" 2>\"" + file("err").string() + "\"";
+    std::string command = std::string(LAUNCHER) + " \"" PROGRAM "\" " + arguments + " >\"" + file("out").string() +
+                          "\" 2>\"" + file("err").string() + "\"";
+#if defined(_WIN32)
+    command = "\"" + command + "\"";  // the shell takes the outer quotes away
+#endif
     const int status = std::system(command.c_str());  // NOLINT: the command is the test's own
     output = contents(file("out"));
     error = contents(file("err"));
@@ -228,6 +231,37 @@ TEST_F(Program, FaultyCommandLinesEndWithCodeTwoAndNothingPrinted) {
     EXPECT_NE(error.find("expected"), std::string::npos) << arguments << ": " << error;
     EXPECT_FALSE(fs::exists(file("network.svg"))) << arguments;
   }
+}
+
+// One station, no redundancy, and a name that XML must not see as it is.
+TEST_F(Program, AdjustsTheSmallestNetwork) {
+  std::ofstream input(file("one.txt"));
+  input << "CPOS 0 A<&\"> -4300000 2800000 -3760000\n"
+        << "CPOSC 0 0 1e-4\nCPOSC 1 0 0\nCPOSC 1 1 1e-4\nCPOSC 2 0 0\nCPOSC 2 1 0\nCPOSC 2 2 1e-4\n";
+  input.close();
+  ASSERT_EQ(run(svg_option() + "\"" + file("one.txt").string() + "\""), 0) << error;
+  EXPECT_NE(output.find("Adjustment of 1 station: 3 observations, 3 unknowns, redundancy 0"), std::string::npos);
+  EXPECT_NE(output.find("nothing to test"), std::string::npos);
+  EXPECT_EQ(output.find("nan"), std::string::npos);
+  const std::string plan = contents(file("network.svg"));
+  EXPECT_TRUE(well_formed(plan));
+  EXPECT_NE(plan.find(">A&lt;&amp;&quot;&gt;<"), std::string::npos);
+}
+
+// The same position twice, and two stations at one place: perfect agreement has a variance factor of zero.
+TEST_F(Program, AdjustsObservationsWithoutAnyError) {
+  std::ofstream input(file("exact.txt"));
+  for (const char* ends : {"A B", "A B", "B A"}) {
+    input << "BL 0 " << ends << " 0 0 0  1e-6 0 1e-6 0 0 1e-6  1\n";
+  }
+  input << "CPOS 0 A -4300000 2800000 -3760000\n"
+        << "CPOSC 0 0 1e-4\nCPOSC 1 0 0\nCPOSC 1 1 1e-4\nCPOSC 2 0 0\nCPOSC 2 1 0\nCPOSC 2 2 1e-4\n";
+  input.close();
+  ASSERT_EQ(run(svg_option() + "--base A --rover B \"" + file("exact.txt").string() + "\""), 0) << error;
+  EXPECT_NE(output.find("Chi-square 0.00 on 6 degrees of freedom, variance factor 0.000"), std::string::npos);
+  EXPECT_NE(output.find("A -> B\n  north         0.0000 m"), std::string::npos);
+  EXPECT_EQ(output.find("nan"), std::string::npos);
+  EXPECT_TRUE(well_formed(contents(file("network.svg"))));
 }
 
 TEST_F(Program, PlanThatCannotBeWrittenEndsWithCodeOneAndNothingPrinted) {
