@@ -42,7 +42,7 @@ public:
   triad() {}
 
   /// The zero vector, whatever the integer is: `triad(5)` is (0, 0, 0). Deliberate, see the table at the head.
-  triad(int);
+  triad(int ignored);
 
   /// (x, y, z).
   triad(double x, double y, double z);
@@ -117,7 +117,7 @@ public:
   covar() {}
 
   /// All elements 0.0, whatever the integer is (deliberate, see the table at the head).
-  covar(int);
+  covar(int ignored);
 
   /// The six elements in packed order; each argument's name is its row and column.
   covar(double v00, double v10, double v11, double v20, double v21, double v22);
@@ -244,7 +244,7 @@ public:
   matr3_3() {}
 
   /// All elements 0.0, whatever the integer is.
-  matr3_3(int);
+  matr3_3(int ignored);
 
   /// The full symmetric matrix: M(i, j) = M(j, i) = V(i, j).
   matr3_3(const covar& V);
@@ -277,7 +277,7 @@ public:
   matr3_3& operator=(const matr3_3& o) = default;
 
   /// Sets all elements to 0.0 whatever the integer is: unlike triad and covar, `M = 5` clears too (deliberate).
-  matr3_3& operator=(int);
+  matr3_3& operator=(int ignored);
 
   /// Position of the element in row i and column j: 3j + i.
   static int Index(int i, int j);

@@ -15,7 +15,7 @@ double symmetric_sum(const matr3_3& m, int i, int j) { return m[matr3_3::Index(i
 
 }  // namespace
 
-covar::covar(int) : v_{0.0, 0.0, 0.0, 0.0, 0.0, 0.0} {}
+covar::covar(int /*ignored*/) : v_{0.0, 0.0, 0.0, 0.0, 0.0, 0.0} {}
 
 covar::covar(double v00, double v10, double v11, double v20, double v21, double v22)
     : v_{v00, v10, v11, v20, v21, v22} {}
@@ -84,7 +84,10 @@ covar& covar::operator-=(const matr3_3& M) {
 }
 
 // Byte by byte, not value by value: 0.0 differs from -0.0, and a NaN equals the same NaN.
-bool covar::operator==(const covar& o) const { return std::memcmp(v_, o.v_, sizeof v_) == 0; }
+bool covar::operator==(const covar& o) const {
+  // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison,cert-exp42-c,cert-flp37-c)
+  return std::memcmp(v_, o.v_, sizeof v_) == 0;
+}
 
 bool covar::operator!=(const covar& o) const { return !(*this == o); }
 

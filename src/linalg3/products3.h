@@ -21,9 +21,9 @@ inline void dense_times_vector3(const double* a, const double* x, double* y) {
 
 // C = A B, all dense and column by column. C must not overlap A or B.
 inline void dense_product3(const double* a, const double* b, double* c) {
-  for (int j = 0; j < 3; ++j) {
-    dense_times_vector3(a, b + 3 * j, c + 3 * j);
-  }
+  dense_times_vector3(a, b, c);
+  dense_times_vector3(a, b + 3, c + 3);
+  dense_times_vector3(a, b + 6, c + 6);
 }
 
 // y = S x, S packed.

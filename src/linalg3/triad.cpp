@@ -4,7 +4,7 @@
 
 #include "strict_arithmetic.h"
 
-triad::triad(int) : c_{0.0, 0.0, 0.0} {}
+triad::triad(int /*ignored*/) : c_{0.0, 0.0, 0.0} {}
 
 triad::triad(double x, double y, double z) : c_{x, y, z} {}
 

@@ -1,5 +1,6 @@
 #include "matrix/block_transfer.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "matrix/packed_index.h"
@@ -14,16 +15,16 @@ template <class Walk>
 void with_operation(char op, Walk walk) {
   switch (op) {
     case '+':
-      walk([](double& element, double* buf, std::ptrdiff_t k) { element = element + buf[k]; });
+      walk([](double& element, const double* buf, std::ptrdiff_t k) { element = element + buf[k]; });
       break;
     case '-':
-      walk([](double& element, double* buf, std::ptrdiff_t k) { element = element - buf[k]; });
+      walk([](double& element, const double* buf, std::ptrdiff_t k) { element = element - buf[k]; });
       break;
     case '0':
       walk([](double& element, double*, std::ptrdiff_t) { element = 0.0; });
       break;
     case '=':
-      walk([](double& element, double* buf, std::ptrdiff_t k) { element = buf[k]; });
+      walk([](double& element, const double* buf, std::ptrdiff_t k) { element = buf[k]; });
       break;
     case '>':
       walk([](double& element, double* buf, std::ptrdiff_t k) { buf[k] = element; });
@@ -39,9 +40,16 @@ void block_transfer_packed(double* s, int i0, int j0, int n1, int n2, char op, d
   with_operation(op, [=](auto apply) {
     std::ptrdiff_t k = 0;
     for (std::ptrdiff_t column = 0; column < n2; ++column) {
-      const std::ptrdiff_t j = j0 + column;
-      for (std::ptrdiff_t row = 0; row < n1; ++row, ++k) {
-        apply(s[packed_index(i0 + row, j)], buf, k);
+      const std::ptrdiff_t j = std::ptrdiff_t{j0} + column;
+      // Down to the diagonal the elements lie side by side in row j; below it, in column j of rows of growing length.
+      std::ptrdiff_t i = i0;
+      std::ptrdiff_t position = packed_index(i, j);
+      const std::ptrdiff_t end = i + n1;
+      for (const std::ptrdiff_t diagonal = std::min(j, end); i < diagonal; ++i, ++position, ++k) {
+        apply(s[position], buf, k);
+      }
+      for (; i < end; ++i, position += i, ++k) {
+        apply(s[position], buf, k);
       }
     }
   });
