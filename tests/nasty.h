@@ -14,6 +14,14 @@
 
 #include "bits.h"
 
+#if defined(__SANITIZE_ADDRESS__)
+#define ALIDADE_TESTS_ADDRESS_SANITIZER
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ALIDADE_TESTS_ADDRESS_SANITIZER
+#endif
+#endif
+
 namespace nasty {
 
 // splitmix64 (Steele, Lea, Flood 2014): the same numbers with every compiler and standard library.
@@ -94,14 +102,6 @@ inline double value(Kind kind, Random& random) {
   return 0.0;
 }
 
-inline std::unique_ptr<double[]> copy(const double* from, std::ptrdiff_t n) {
-  std::unique_ptr<double[]> to(new double[static_cast<std::size_t>(n)]);
-  for (std::ptrdiff_t i = 0; i < n; ++i) {
-    to[static_cast<std::size_t>(i)] = from[i];
-  }
-  return to;
-}
-
 // n values on the heap and not one more, so that AddressSanitizer sees every overrun.
 class Buffer {
 public:
@@ -148,12 +148,12 @@ public:
   }
 
 private:
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(ALIDADE_TESTS_ADDRESS_SANITIZER)
   static constexpr std::ptrdiff_t kGuards = 0;
 #else
   static constexpr std::ptrdiff_t kGuards = 16;
 #endif
-  static constexpr std::uint64_t kPattern = 0xfff4dead5eed0001u;  // a signalling NaN that nothing computes
+  static constexpr std::uint64_t kPattern = 0x7ffcdead5eed0001u;  // a NaN that nothing computes
 
   std::ptrdiff_t size_;
   std::unique_ptr<double[]> data_;

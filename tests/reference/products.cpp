@@ -42,7 +42,7 @@ void transposed_product(const double* a, const double* b, double* c, int n, int 
 }
 
 void mixed_product(const double* a, const double* b, double* c, int n, int m, int mode_a, int mode_b, int k) {
-  const long code = 10L * mode_a + mode_b;
+  const long long code = 10LL * mode_a + mode_b;
   if (code == 22) {
     for (long i = 0; i < n; ++i) {
       c[i] = a[i] * b[i];
