@@ -2,8 +2,16 @@
 #define ALIDADE_HOST_H
 
 /// @file
-/// The host framework's integer point and rectangle: the framework's own types when the library is built with it
-/// (`ALIDADE_WITH_MFC`), else plain stand-ins with the same fields.
+/// The host framework's integer point and rectangle.
+///
+/// When the library is built as an extension module of the Microsoft Foundation Classes (CMake option
+/// `ALIDADE_WITH_MFC`, which defines the macro of that name for the library and for everything that links it), `CPoint`
+/// and `CRect` are the framework's own. Otherwise they are the plain stand-ins below, with the same field names, so
+/// that the conversions of `TAbstractPoint2` and `TAbstractRect` work alike. A program that has types of these names
+/// from elsewhere cannot include this header without the macro.
+///
+/// Ints become doubles exactly. Doubles become ints by truncation towards zero; outside the range of int, and for NaN,
+/// they become INT_MIN (-2147483648) on every platform.
 
 #if defined(ALIDADE_WITH_MFC)
 #include <afxwin.h>
@@ -13,6 +21,7 @@
 struct CPoint {
   int x;
   int y;
+  /// (0, 0).
   CPoint() : x(0), y(0) {}
   CPoint(int px, int py) : x(px), y(py) {}
 };
@@ -23,6 +32,7 @@ struct CRect {
   int top;
   int right;
   int bottom;
+  /// All zero.
   CRect() : left(0), top(0), right(0), bottom(0) {}
   CRect(int l, int t, int r, int b) : left(l), top(t), right(r), bottom(b) {}
 };

@@ -315,18 +315,108 @@ ALIDADE_API void MATRopR1_R2_R3t(TMatrix& T, char op, const TMatrix& R1, const T
 ALIDADE_API int RareInversion(TSMatrix& N, int* progress, int span);
 ALIDADE_API int PseudoInversion(TSMatrix& N, int d);
 
+// Scalar helpers, after the intrinsic functions of classic scientific libraries. They have no state and report no
+// errors. The library itself does not call them.
+
+/// Smallest of a counted list of ints.
+///
+/// @param n        number of values that follow
+/// @param a1, ...  the values, each an int. At least two must be passed: the second is read whatever n is, so that
+///                 n <= 2 (also zero and negative) gives the smaller of a1 and a2. Values beyond the n-th are not read
+/// @return the smallest
+///
+/// As with every variable argument list the types are taken on trust: passing a long or a double, or fewer values than
+/// said, is undefined. Bits: class A.
 ALIDADE_API int min1(int n, int a1, ...);
+
+/// Largest of a counted list of ints. Arguments as for `min1`.
 ALIDADE_API int max1(int n, int a1, ...);
+
+/// Smallest of a counted list of doubles.
+///
+/// @param n        number of values that follow
+/// @param a1, ...  the values, each a double: write 3.0, a plain 3 is read as garbage. At least two must be passed: the
+///                 second is read whatever n is
+/// @return the running value, which starts as a1 and gives way only to a value strictly below it. So of equal values
+///         (zeros of both signs included) the first stays, a NaN replaces nothing, and a NaN in front stays to the end
+///
+/// Bits: class A.
 ALIDADE_API double amin1(int n, double a1, ...);
+
+/// Largest of a counted list of doubles: as `amin1`, but gives way only to a value strictly above.
 ALIDADE_API double amax1(int n, double a1, ...);
+
+/// x to the power n.
+///
+/// @param x  any number
+/// @param n  any exponent
+/// @return 1.0 for n = 0, whatever x is (a zero and a NaN too); for |n| <= 31 the product of |n| factors x taken one
+///         after the other, for negative n its reciprocal; beyond that pow(x, n)
+///
+/// Each of the up to 30 products is rounded, where pow is right to about one unit of the last place; the two sides of
+/// the limit differ accordingly (deliberate). A negative power may overflow or underflow in the product before it is
+/// inverted. Zero to a negative power is an infinity. Bits: class A for |n| <= 31, class B beyond (calls pow).
 ALIDADE_API double power(double x, int n);
+
+/// a to the power n, in ints. The first line that applies:
+///
+/// | case | result |
+/// |---|---|
+/// | a = 0 or a = 1 | a, so that 0 to the power 0 is 0 |
+/// | n < 0 | 0, also for a = -1 |
+/// | n = 0 | 1 |
+/// | a = -1 | 1 for even n, -1 for odd n |
+/// | n > 31 | 2147483647, whatever the sign of a |
+/// | else | the product of n factors, modulo 2^32 |
+///
+/// Products that do not fit into an int wrap around without notice (deliberate): power(2, 31) is -2147483648.
+/// Bits: class A.
 ALIDADE_API int power(int a, int n);
+
+/// |a| with the sign of b: |a| when b >= 0, -|a| when b < 0. The smallest int has no positive counterpart and stays.
 ALIDADE_API int sign(int a, int b);
+
+/// |a| with the sign of b.
+///
+/// @return |a| when b >= 0.0, else -|a|. What counts is the comparison, not the sign bit (unlike copysign): b = -0.0
+///         gives +|a| and b = NaN gives -|a|. |a| clears the sign bit of a, that of a NaN too
+///
+/// Bits: class A.
 ALIDADE_API double sign(double a, double b);
+
+/// The low 32 bits of v, rotated by s: to the left for positive s, to the right for negative.
+///
+/// @param v  the value. Where long has 64 bits the upper half is ignored. Not modified, though passed by reference
+/// @param s  any number of bits, taken modulo 32. Not modified
+/// @return the 32 bits as an int
 ALIDADE_API int ishc(long& v, int& s);
+
+/// The 16 bits of v, rotated to the left by s modulo 16; for negative s not rotated at all.
+///
+/// @param v  the value. Not modified, though passed by reference
+/// @param s  number of bits. Unlike in the other two widths, a negative number rotates nothing (deliberate)
+/// @return the 16 bits, zero-extended: 0 to 65535
 ALIDADE_API int ishc(short& v, int& s);
+
+/// The 8 bits of v, rotated by s: to the left for positive s, to the right for negative.
+///
+/// @param v  the value, char signed or not. Not modified, though passed by reference
+/// @param s  any number of bits, taken modulo 8. Not modified
+/// @return the 8 bits, zero-extended: 0 to 255
 ALIDADE_API int ishc(char& v, int& s);
+
+/// x moved by two spacings of floats near x, up for s >= 0, else down (for a NaN too).
+///
+/// The step is 2^max(e - 23, -125), where x = m 2^e with 0.5 <= |m| < 1 and e = 0 for zeros, infinities and NaN. The
+/// sum is in single precision. Beyond the largest float there is infinity. Bits: class A.
 ALIDADE_API float nearest(float x, float s);
+
+/// x moved by a quarter of the spacing of doubles near x, up for s >= 0.0, else down (for a NaN too).
+///
+/// The step is 2^max(e - 55, -1021), where x = m 2^e with 0.5 <= |m| < 1 and e = 0 for zeros, infinities and NaN. A
+/// quarter of a spacing rounds away, so that the result mostly is x itself (deliberate; for the neighbouring double use
+/// nextafter). It moves zeros, to 2^-55, and numbers below about 2^-967, where the step no longer shrinks.
+/// Bits: class A.
 ALIDADE_API double nearest(double x, double s);
 
 #endif
