@@ -207,9 +207,12 @@ public:
   /// @warning The solution of the cubic discards the sign of its constant term. It is right when one axis is large and
   /// two are small: when the middle eigenvalue lies below the mean of the largest and the smallest. With **two large
   /// axes and one small one, and so for about as many random covariances, the columns are not the principal axes** (nor
-  /// even perpendicular). This is kept for compatibility. Verify every set of axes from the general case: for each
-  /// column u form w = V u and l = u'w; w - l u must vanish against the trace of V. Where it does not, take the
-  /// horizontal ellipse from the block case, or use another eigensolver.
+  /// even perpendicular). Two more cases outside the block case give no axes: d or e the only nonzero off-diagonal
+  /// element (see GetEigen), and two equal eigenvalues, which may even give NaN. All this is kept for compatibility.
+  ///
+  /// **Verify every set of axes** that does not come from the block case: for each column u form w = V u and l = u'w;
+  /// w - l u must vanish against the trace of V. Where it does not, take the horizontal ellipse from the block case, or
+  /// use another eigensolver.
   ///
   /// Block case, d = e = 0 (the third axis decoupled; letters as at GetEigen): a rotation by atan2(2b, a - c) / 2 about
   /// the third axis. It is right whatever the sizes. Propagate a covariance to north, east, up and set V(2,0) = V(2,1)

@@ -164,8 +164,16 @@ TEST(CovarEigen, BlockCaseIsRightWhateverTheSizes) {
   }
 }
 
-// Between kappa = 1 and sqrt(10) the hyperbolic branch takes the root of a negative number (10 stands where a textbook
-// has 1), so a matrix that rounding has pushed there gets NaN columns. An indefinite or badly rounded input shows it.
+// Two equal eigenvalues put the cosine at one, and rounding may take it beyond: the hyperbolic branch then takes the
+// root of a negative number, 10 standing where a textbook has 1.
+TEST(CovarEigen, TwoEqualEigenvaluesMayGiveNaN) {
+  const double x = 0.1 * 0.1;  // I + w w' with w = (0.1, 0.1, 0.1)
+  matr3_3 axes = covar(1 + x, x, 1 + x, x, x, 1 + x).DuserDeigen();
+  for (int k = 0; k < 9; ++k) {
+    EXPECT_TRUE(axes[k] != axes[k]) << k;
+  }
+}
+
 TEST(CovarEigen, NaNInGivesNaNOut) {
   matr3_3 axes = covar(kNaN, 1, 2, 0.5, 0.25, 3).DuserDeigen();
   for (int k = 0; k < 9; ++k) {
