@@ -51,7 +51,7 @@ private:
 
 // Tangent of the geodetic latitude: the fixed point of
 //   t = z/p + k t / sqrt(1 + e'^2 + t^2),   k = c e^2 / p,
-// which is Bowring's (1976) condition written without the reduced latitude. Starts from z/p.
+// which is the textbook relation tan b = (z + e^2 N sin b) / p written in t. Starts from z/p.
 double tangent_of_latitude(double start, double k) {
   const Ellipsoid& ellipsoid = reference_ellipsoid;
   CycleDetector detector(start);
