@@ -246,10 +246,73 @@ private:
   double* data_;
 };
 
+/// Dense product c = a b.
+///
+/// @param a, b, c  dense, n by m, m by k, n by k
+///
+/// c(i, j) starts at +0.0 and receives a(i, l) b(l, j) for l = 0, 1, ... m - 1, every addition rounded; so no element
+/// of the result is -0.0. With m < 1 all of c becomes 0.0; with n < 1 or k < 1 nothing is written. c must not overlap a
+/// or b. Bits: class A.
 ALIDADE_API void MatrixProduct(const double* a, const double* b, double* c, int n, int m, int k);
+
+/// Dense product c = a' b: columns of a dotted with columns of b.
+///
+/// @param a, b, c  dense, n by m, n by k, **m by k**
+///
+/// c(i, j) starts at +0.0 and receives a(l, i) b(l, j) for l = 0, 1, ... n - 1. Note that n, the rows of both operands,
+/// is the length of the sums. With n < 1 all of c becomes 0.0; with m < 1 or k < 1 nothing is written. c must not
+/// overlap a or b. Bits: class A.
 ALIDADE_API void MAtB(const double* a, const double* b, double* c, int n, int m, int k);
+
+/// Product c = a b of operands in storage modes of their own.
+///
+/// @param a            n by m, stored as modeA says
+/// @param b            m by k, stored as modeB says
+/// @param c            receives the product, dense, n by k whatever the modes; or n elements, see (1)
+/// @param modeA, modeB below 1 dense, 1 packed, above 1 diagonal: the modes and positions of LOC1
+///
+/// (1) 10 modeA + modeB is 22, as for two diagonals in mode 2: c[i] = a[i] b[i] for the n elements of a vector. Nothing
+///     is added, so -0.0 stays; m and k are not read.
+/// (2) 10 modeA + modeB is 0, as for two dense operands: the product of MatrixProduct.
+/// (3) Otherwise c(i, j) starts at +0.0 and receives a(i, l) b(l, j) for l = 0, 1, ... m - 1; an l for which one of the
+///     two elements is not stored is left out.
+///
+/// The sum of the modes decides, deliberately: (3, 3) are diagonals, too, but give a dense c by (3), while an odd pair
+/// such as (1, 12) takes (1). Use 0, 1 and 2. With m < 1 all of c becomes 0.0 in (2) and (3); with n < 1 or k < 1
+/// nothing is written there. c must not overlap a or b. Bits: class A.
 ALIDADE_API void SMatrProduct(const double* a, const double* b, double* c, int n, int m, int modeA, int modeB, int k);
+
+/// Congruence product c op a q a': propagation of the covariance q through the design a.
+///
+/// @param a   dense, n by m
+/// @param q   packed, of order m
+/// @param c   packed, of order n; on entry the target, read for '+' and '-' alone; on exit the result
+/// @param op  operation code
+///
+/// | op | c becomes |
+/// |---|---|
+/// | `'+'` | c + a q a' |
+/// | `'-'` | c - a q a' |
+/// | `'|'` | -(a q a'), summed from 0.0 |
+/// | any other, `'='`, `'0'` and NUL among them | a q a', summed from 0.0 |
+///
+/// This reading is deliberate and differs from the operators below, where an unknown code adds.
+/// For each l the local t(j) = sum over p of a(j, p) q(p, l), p = 0, 1, ... from +0.0; then c(i, j), i >= j, receives
+/// a(i, l) t(j), or its negative, for l = 0, 1, ... m - 1. With m < 1 the target is cleared as the code says and that
+/// is all; with n < 1 nothing is written. c must not overlap a or q. Bits: class A.
 ALIDADE_API void SMatrProductAQAt(const double* a, const double* q, double* c, int n, int m, char op);
+
+/// Right-hand side of normal equations, r op a' q l: design a, weights q, observations l.
+///
+/// @param r   vector of m elements, the target
+/// @param op  `'+'` adds to r; **any other code overwrites r with the positive product**, `'-'` and `'|'` among them
+///            (deliberate: this kernel never subtracts)
+/// @param a   dense, n by m
+/// @param q   packed, of order n
+/// @param l   vector of n elements
+///
+/// r[i] receives l[j] t for j = 0, 1, ... n - 1, where t = sum over p of q(j, p) a(p, i), p = 0, 1, ... from +0.0. With
+/// n < 1 r is cleared unless op is '+'; with m < 1 nothing is written. r must not overlap the others. Bits: class A.
 ALIDADE_API void MRAtQL(double* r, char op, const double* a, const double* q, const double* l, int n, int m);
 
 /// Block transfer between rows i0 ... i0 + n1 - 1, columns j0 ... j0 + n2 - 1 of a packed matrix and a dense buffer.
@@ -299,20 +362,214 @@ ALIDADE_API void MatrAndBlockOper(int ld, double* m, int i0, int j0, int n1, int
 /// Packed is the form at the head: upper triangle by columns and lower triangle by rows are the same sequence.
 ALIDADE_API int LOC1(int i, int j, int n, int m, int ms);
 
+/// @name Operator family
+/// Target T op product of two or three matrices, one function for each formula.
+///
+/// The names read as the formula: `SMATRop` has a packed target, `MATRop` a dense one; S is a packed operand, R a dense
+/// one, a digit tells two of a kind apart, a final t transposes. `SMATRopABti` is the irregular one: A B' + B A'.
+///
+/// | op | target |
+/// |---|---|
+/// | `'='` | T = product: first cleared, then added |
+/// | `'|'` | T = -product: first cleared, then subtracted |
+/// | `'-'` | T = T - product |
+/// | `'+'` and **any other** | T = T + product |
+///
+/// SMATRopR_S_Rt alone reads the code as SMatrProductAQAt does.
+///
+/// What '=' and '|' clear differs on purpose, and so does the place of element (i, j) of a dense target:
+///
+/// | target of | cleared | element (i, j) at |
+/// |---|---|---|
+/// | SMATRop... (but R_S_Rt) | the triangle in use, T's Dim1 | packed |
+/// | SMATRopR_S_Rt | the triangle of order N1 of R | packed |
+/// | MATRopS_R, MATRopR_S, MATRopR1t_R | all N1 N2 elements of T | i + (N1 of T) j |
+/// | MATRopR1_R2, MATRopR1_R2t, MATRopR1_S_R2t, MATRopR1_R2_R3t | as many as the product has | i + (product's rows) j |
+///
+/// So a T larger than the product keeps what lies outside in the last four and loses it in the three before; give
+/// those four a T with exactly the rows of the product. Each function reads the sizes it names and no others, compares
+/// none, and reads operands by their own N1 (B of
+/// SMATRopABti by A's). A size below 1 leaves the target alone but for the clearing. Nothing is
+/// allocated.
+///
+/// Every element of T receives its terms one by one in ascending order of the index of summation, each addition
+/// rounded. Inner sums of three factors are formed from +0.0 in ascending order first. T must not share elements with
+/// an operand; two operands may be one matrix. Bits: class A.
+/// @{
+
+/// T op R' S R: normal matrix of the design R under the weights S.
+///
+/// @param T  order b
+/// @param R  a by b; a and b are taken from here
+/// @param S  order a
+///
+/// T(k, i), i <= k, receives R(j, i) t for j = 0 ... a - 1, where t = sum over l of S(j, l) R(l, k).
 ALIDADE_API void SMATRopRt_S_R(TSMatrix& T, char op, const TMatrix& R, const TSMatrix& S);
+
+/// T op R' R: normal matrix of a design of unit weights.
+///
+/// @param T  order b
+/// @param R  a by b; a and b are taken from here
+///
+/// T(k, i), i <= k, receives R(l, i) R(l, k) for l = 0 ... a - 1.
 ALIDADE_API void SMATRopRt_R(TSMatrix& T, char op, const TMatrix& R);
+
+/// T op A B' + B A'.
+///
+/// @param T  order a
+/// @param A  a by b; a and b are taken from here
+/// @param B  read as a by b
+///
+/// T(k, i), i <= k, receives A(k, l) B(i, l) + A(i, l) B(k, l), summed first, for l = 0 ... b - 1.
 ALIDADE_API void SMATRopABti(TSMatrix& T, char op, const TMatrix& A, const TMatrix& B);
+
+/// T op lower triangle of S1 S2.
+///
+/// @param T   order n
+/// @param S1  order n, taken from its Dim1
+/// @param S2  order n
+///
+/// T(k, i), i <= k, receives S1(k, l) S2(l, i) for l = 0 ... n - 1. The upper triangle, different unless S1 and S2
+/// commute, is deliberately not formed: it is for the caller to know that the product is symmetric.
 ALIDADE_API void SMATRopS1_S2(TSMatrix& T, char op, const TSMatrix& S1, const TSMatrix& S2);
+
+/// T op R S R', by SMatrProductAQAt and with its reading of op: any code but '+', '-' and '|' **overwrites**.
+///
+/// @param T  order a; its Dim1 is not read
+/// @param R  a by b; a and b are taken from here
+/// @param S  order b
 ALIDADE_API void SMATRopR_S_Rt(TSMatrix& T, char op, const TMatrix& R, const TSMatrix& S);
+
+/// T op S R.
+///
+/// @param T  a by b, or larger
+/// @param S  order a
+/// @param R  a by b; a and b are taken from here
+///
+/// T(i, j) receives S(i, l) R(l, j) for l = 0 ... a - 1.
 ALIDADE_API void MATRopS_R(TMatrix& T, char op, const TSMatrix& S, const TMatrix& R);
+
+/// T op R S.
+///
+/// @param T  a by b, or larger
+/// @param R  a by b; a and b are taken from here
+/// @param S  order b
+///
+/// T(i, j) receives R(i, l) S(l, j) for l = 0 ... b - 1.
 ALIDADE_API void MATRopR_S(TMatrix& T, char op, const TMatrix& R, const TSMatrix& S);
+
+/// T op R1' R2.
+///
+/// @param T   b by c, or larger
+/// @param R1  a by b; a and b are taken from here
+/// @param R2  a by c; c is taken from here
+///
+/// T(i, j) receives R1(l, i) R2(l, j) for l = 0 ... a - 1.
 ALIDADE_API void MATRopR1t_R(TMatrix& T, char op, const TMatrix& R1, const TMatrix& R2);
+
+/// T op R1 R2.
+///
+/// @param T   a by c
+/// @param R1  a by b; a and b are taken from here
+/// @param R2  b by c; c is taken from here
+///
+/// T(i, j) receives R1(i, l) R2(l, j) for l = 0 ... b - 1.
 ALIDADE_API void MATRopR1_R2(TMatrix& T, char op, const TMatrix& R1, const TMatrix& R2);
+
+/// T op R1 R2'.
+///
+/// @param T   a by c
+/// @param R1  a by b; a is taken from here
+/// @param R2  c by b; c and b are taken from here
+///
+/// T(i, j) receives R1(i, l) R2(j, l) for l = 0 ... b - 1; columns of R1 beyond b are ignored.
 ALIDADE_API void MATRopR1_R2t(TMatrix& T, char op, const TMatrix& R1, const TMatrix& R2);
+
+/// T op R1 S R2': covariance between two linear functions of parameters with the covariance S.
+///
+/// @param T   a by c
+/// @param R1  a by b; a is taken from here
+/// @param S   order b
+/// @param R2  c by b; c and b are taken from here
+///
+/// T(i, p) receives R2(p, j) t for j = 0 ... b - 1, where t = sum over l of R1(i, l) S(l, j). Columns of R1 beyond b
+/// are ignored.
 ALIDADE_API void MATRopR1_S_R2t(TMatrix& T, char op, const TMatrix& R1, const TSMatrix& S, const TMatrix& R2);
+
+/// T op R1 R2 R3'.
+///
+/// @param T   a by d
+/// @param R1  a by b; a is taken from here
+/// @param R2  b by c; b is taken from here
+/// @param R3  d by c; d and c are taken from here
+///
+/// T(i, p) receives R3(p, j) t for j = 0 ... c - 1, where t = sum over l of R1(i, l) R2(l, j), l = 0 ... b - 1.
 ALIDADE_API void MATRopR1_R2_R3t(TMatrix& T, char op, const TMatrix& R1, const TMatrix& R2, const TMatrix& R3);
 
+/// @}
+
+/// Inverse of a normal matrix, in place, by a Cholesky factorisation that skips zeros.
+///
+/// @param N         on entry positive definite; on exit its inverse. The order n is N's order in use
+/// @param progress  null, or a percentage that grows during the work
+/// @param span      percentage points that this call may add to *progress
+///
+/// | result | meaning | N |
+/// |---|---|---|
+/// | 0 | done, also for n < 1 | the inverse |
+/// | k, 1 to n | pivot k, **counted from 1**, is not above 0.0, or a NaN | columns 1 ... k - 1 finished, rest as it was
+/// |
+///
+/// The finished columns hold the Cholesky factor L, its diagonal as reciprocals. At a result k the matrix is not
+/// positive definite: parameter k is not determined by those before it and the observations. With rounding a singular
+/// matrix may also pass, with a very large inverse: compare the diagonal with what is plausible.
+///
+/// Method: N = L L' column by column with reciprocal square roots of the pivots, inversion of L by rows, and the
+/// product of the inverse factor's transpose with itself (Golub and Van Loan, Matrix Computations, 4th ed., 4.2
+/// and 3.1; Higham, Accuracy and Stability of Numerical Algorithms, 2nd ed., 14.2). An element that is exactly 0.0 or
+/// -0.0 takes no part in any sum; a factor element whose original is zero and that met no pair of nonzeros is +0.0. So
+/// a banded or a bordered matrix costs far less than a full one, and a block-diagonal one keeps exact zeros outside its
+/// blocks. A NaN counts as nonzero.
+///
+/// Accuracy: norm(I - N X) < 30 n eps norm(N) norm(X) in the 1-norm, the threshold of Reference LAPACK's own tests.
+///
+/// Progress: with b the value at entry, t = span (1/3) and u = ((t/n)/n)/n, for every k that is a multiple of 8:
+/// b + (t - (n - k + 1)^3 u) at the start of column k of the factorisation, (b + t) + k^3 u at the start of row k of
+/// the second phase, ((b + t) + t) + k^3 u after row k of the third; plus 0.5, truncated towards zero, at most 99.
+/// Below order 8 it is never written, and the final value is the caller's to set. A thread that watches it needs its
+/// own synchronisation.
+///
+/// Allocates work arrays of O(n) elements; a failure to do so throws what the platform's new throws. Bits: class A.
 ALIDADE_API int RareInversion(TSMatrix& N, int* progress, int span);
+
+/// Completes the inverse of a leading block to the pseudo-inverse of the whole matrix.
+///
+/// @param N  order n in use. On entry the leading block of order m = n - d holds the **inverse** of the normal matrix's
+///           leading block, and the block of rows 0 ... m - 1, columns m ... n - 1 is the normal matrix's own; the
+///           trailing block is not read. On exit the pseudo-inverse
+/// @param d  rank defect: the last d parameters depend on the others
+///
+/// | result | meaning |
+/// |---|---|
+/// | 0 | done; also for d < 1, where nothing is done |
+/// | -1 | d > n, or the auxiliary matrix I + H'H of order d was not positive definite (NaN, overflow); N is unchanged |
+///
+/// For a matrix of rank m whose last d rows depend on the first m, three calls give the pseudo-inverse:
+///
+///     N.SetDim1(n - d);
+///     if (RareInversion(N, nullptr, 0) == 0) {
+///       N.SetDim1(n);
+///       PseudoInversion(N, d);
+///     }
+///
+/// Nothing checks that the rank is m. N's order in use is n again on every way out.
+///
+/// Method: with Q the leading block and G the coupling block, H = Q G, and F = (I; H') gives N = F Q^-1 F', the
+/// full-rank factorisation whose pseudo-inverse is F (F'F)^-1 Q (F'F)^-1 F' (Ben-Israel and Greville, Generalized
+/// Inverses, 2nd ed., 1.6), with (F'F)^-1 = I - H (I + H'H)^-1 H' by Woodbury's formula. The operators of the family
+/// above carry it out. Allocates temporaries of O(m d) elements; a failure to do so throws what the platform's new
+/// throws, N's order in use restored and its elements untouched if it fails before the leading block is updated. Bits:
+/// class A.
 ALIDADE_API int PseudoInversion(TSMatrix& N, int d);
 
 // Scalar helpers, after the intrinsic functions of classic scientific libraries. They have no state and report no
