@@ -50,7 +50,9 @@ public:
   /// The three coordinates of a point.
   triad(const TAbstractPoint3<double>& p);
 
+  /// Copies every element.
   triad(const triad& o) = default;
+  /// Copies every element.
   triad& operator=(const triad& o) = default;
 
   /// Sets the components to 0.0 when n is 0; any other n changes nothing (deliberate, see the table at the head).
@@ -85,7 +87,9 @@ public:
   /// All three components undefined.
   DefTriad();
 
+  /// Copies every element.
   DefTriad(const DefTriad& o) = default;
+  /// Copies every element.
   DefTriad& operator=(const DefTriad& o) = default;
 
   /// Copies the components; markers among them travel along.
@@ -127,7 +131,8 @@ public:
 
   /// The diagonal block of S whose first row and column is k: element (r, c) is S(k + r, k + c).
   ///
-  /// @param S  not changed; k + 3 must not exceed its dimension
+  /// @param S  not changed; of order k + 3 at least
+  /// @param k  first row and column, from zero
   covar(TSMatrix& S, int k);
 
   /// M + M': element (i, j) is M(i, j) + M(j, i).
@@ -135,7 +140,9 @@ public:
   /// Deliberately not halved: the diagonal is twice M's, and `covar(matr3_3(V))` is 2 V.
   covar(const matr3_3& M);
 
+  /// Copies every element.
   covar(const covar& o) = default;
+  /// Copies every element.
   covar& operator=(const covar& o) = default;
 
   /// Sets all elements to 0.0 when n is 0; any other n changes nothing (deliberate, see the table at the head).
@@ -254,12 +261,14 @@ public:
 
   /// The block of S whose top left element is S(r, c), through symmetry where it reaches above the diagonal.
   ///
-  /// @param S  not changed; r + 3 and c + 3 must not exceed its dimension
+  /// @param S     not changed; of order r + 3 and c + 3 at least
+  /// @param r, c  row and column of the top left element, from zero
   matr3_3(TSMatrix& S, int r, int c);
 
   /// The block of T whose top left element is T(r, c).
   ///
-  /// @param T  not changed; r + 3 and c + 3 must not exceed its numbers of rows and columns
+  /// @param T     not changed; of r + 3 rows and c + 3 columns at least
+  /// @param r, c  row and column of the top left element, from zero
   matr3_3(TMatrix& T, int r, int c);
 
   /// The transpose or the inverse of A.
@@ -276,7 +285,9 @@ public:
   /// Accuracy: with elements up to m, no element of I - A X exceeds 64 * 2^-53 * m^3 / |det|.
   matr3_3(const matr3_3& A, char op);
 
+  /// Copies every element.
   matr3_3(const matr3_3& o) = default;
+  /// Copies every element.
   matr3_3& operator=(const matr3_3& o) = default;
 
   /// Sets all elements to 0.0 whatever the integer is: unlike triad and covar, `M = 5` clears too (deliberate).

@@ -116,8 +116,10 @@ public:
 
   /// Block transfer between rows i0 ... i0 + n1 - 1, columns j0 ... j0 + n2 - 1 and a dense buffer of n1 by n2.
   ///
-  /// @param op   code of a block transfer, see the head
-  /// @param buf  element (m, k) belongs to (i0 + m, j0 + k)
+  /// @param i0, j0  row and column of the block's first element
+  /// @param n1, n2  rows and columns of the block
+  /// @param op      code of a block transfer, see the head
+  /// @param buf     element (m, k) belongs to (i0 + m, j0 + k)
   ///
   /// Column by column. Where the block lies across the diagonal, an element and its mirror are one and are reached
   /// twice: '+' adds both buffer elements, '=' leaves the later one, '>' fills both. Nothing is done for n1 < 1 or n2
@@ -147,9 +149,11 @@ public:
 
   /// P = S B for one column B of Dim1 elements.
   ///
+  /// @param B   Dim1 elements
   /// @param op  accepted and **not used**: P is overwritten whatever it is (deliberate)
+  /// @param P   receives Dim1 elements; must not overlap B
   ///
-  /// SMatrProduct with S packed and B dense. P must not overlap B. Bits: class A.
+  /// SMatrProduct with S packed and B dense. Bits: class A.
   void MatrProduct(double* B, char op, double* P);
   /// The same for each column of B, which has Dim1 rows; P's array receives Dim1 rows by B's columns.
   void MatrProduct(TMatrix& B, char op, TMatrix& P);
@@ -228,8 +232,10 @@ public:
 
   /// Block transfer between rows i0 ... i0 + n1 - 1, columns j0 ... j0 + n2 - 1 and a dense buffer of n1 by n2.
   ///
-  /// @param op   code of a block transfer, see the head
-  /// @param buf  element (m, k) belongs to (i0 + m, j0 + k)
+  /// @param i0, j0  row and column of the block's first element
+  /// @param n1, n2  rows and columns of the block
+  /// @param op      code of a block transfer, see the head
+  /// @param buf     element (m, k) belongs to (i0 + m, j0 + k)
   ///
   /// Nothing is done for n1 < 1 or n2 < 1.
   void SubMatrix(int i0, int j0, int n1, int n2, char op, double* buf);
@@ -317,9 +323,11 @@ ALIDADE_API void MRAtQL(double* r, char op, const double* a, const double* q, co
 
 /// Block transfer between rows i0 ... i0 + n1 - 1, columns j0 ... j0 + n2 - 1 of a packed matrix and a dense buffer.
 ///
-/// @param s    packed, of any order that holds the block
-/// @param op   code of a block transfer, see the head
-/// @param buf  dense, n1 by n2; element (m, k) belongs to (i0 + m, j0 + k)
+/// @param s       packed, of any order that holds the block
+/// @param i0, j0  row and column of the block's first element
+/// @param n1, n2  rows and columns of the block
+/// @param op      code of a block transfer, see the head
+/// @param buf     dense, n1 by n2; element (m, k) belongs to (i0 + m, j0 + k)
 ///
 /// Column by column, without regard to the diagonal: in a block across it an element and its mirror are one and are
 /// reached twice. '+' and '-' then take both buffer elements, '=' leaves the later one, '>' fills both. For a symmetric
@@ -329,6 +337,8 @@ ALIDADE_API void SMatrAndBlockOper(double* s, int i0, int j0, int n1, int n2, ch
 /// Block transfer between the diagonal block of order nk from (k0, k0) on of a packed matrix and a packed buffer.
 ///
 /// @param s    packed, of order k0 + nk at least
+/// @param k0   first row and column of the block
+/// @param nk   order of the block
 /// @param op   code of a block transfer, see the head
 /// @param buf  packed, of order nk
 ///
@@ -337,10 +347,12 @@ ALIDADE_API void SMatrAndSBlockOper(double* s, int k0, int nk, char op, double* 
 
 /// Block transfer between rows i0 ... i0 + n1 - 1, columns j0 ... j0 + n2 - 1 of a dense matrix and a dense buffer.
 ///
-/// @param ld   number of rows of m
-/// @param m    dense
-/// @param op   code of a block transfer, see the head
-/// @param buf  dense, n1 by n2; element (m, k) belongs to (i0 + m, j0 + k)
+/// @param ld      number of rows of m
+/// @param m       dense
+/// @param i0, j0  row and column of the block's first element
+/// @param n1, n2  rows and columns of the block
+/// @param op      code of a block transfer, see the head
+/// @param buf     dense, n1 by n2; element (m, k) belongs to (i0 + m, j0 + k)
 ///
 /// Nothing is done for n1 < 1 or n2 < 1. Bits: class A.
 ALIDADE_API void MatrAndBlockOper(int ld, double* m, int i0, int j0, int n1, int n2, char op, double* buf);
