@@ -25,11 +25,12 @@
 struct ALIDADE_API Ellipsoid {
   /// Builds the record from its axis and eccentricity.
   ///
-  /// @param a  semi-major axis, metres
-  /// @param e  first eccentricity, 0 to below 1; not checked, e = 1 or more gives infinities and NaN
+  /// @param semi_major_axis     metres
+  /// @param first_eccentricity  0 to below 1; not checked, 1 or more gives infinities and NaN
   ///
-  /// Derives e2 = e*e, w = 1 - e2, ep2 = e2/w, onePlusEp2 = ep2 + 1, c = a/sqrt(w), in this order. Bits: class A.
-  Ellipsoid(const double& a, const double& e);
+  /// Stores both as a and e and derives e2 = e*e, w = 1 - e2, ep2 = e2/w, onePlusEp2 = ep2 + 1, c = a/sqrt(w), in this
+  /// order. Bits: class A.
+  Ellipsoid(const double& semi_major_axis, const double& first_eccentricity);
 
   double a;           ///< semi-major axis, metres
   double e;           ///< first eccentricity; kept for the reader, no conversion uses it

@@ -40,7 +40,7 @@ ALIDADE_API float CHI_1SDE(int level, int df);
 /// has 35.72) and level 95, df 3, upper bound 9.36 (9.35). One is rounded the wrong way: level 99, df 8, upper
 /// bound 21.96 for 21.95496. All others are right to half a unit of the last printed digit. Above 30 the accuracy is
 /// that of `CHI_1SDE`. Bits: class A.
-ALIDADE_API void CHI_2SDE(int level, int df, float* const out);
+ALIDADE_API void CHI_2SDE(int level, int df, float* const out);  // NOLINT(readability-avoid-const-params-in-decls)
 
 /// Critical value of the tau distribution for the test of residuals against outliers.
 ///
