@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string contents(const fs::path& path) {
-  std::ifstream input(path, std::ios::binary);
+  std::ifstream input(path);  // as text: the same line ends on every system
   std::ostringstream text;
   text << input.rdbuf();
   return text.str();
