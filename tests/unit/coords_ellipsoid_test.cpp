@@ -186,6 +186,18 @@ TEST(CoordXyz2Blh, SlowPointIsIteratedToItsEnd) {
   }
 }
 
+// A first step of exactly the tolerance is small enough: one pass more would move the tangent.
+TEST(CoordXyz2Blh, StepOfExactlyTheToleranceEndsTheIteration) {
+  const double xyz[3] = {20000.0, 0.0, 0x1.f6f3734279868p-21};
+  const reference::EllipsoidFields f = reference::default_ellipsoid();
+  const double r = 1.0 / xyz[0];
+  const double start = xyz[2] * r;
+  const double t = (start / std::sqrt(f.one_plus_ep2 + start * start)) * ((r * f.c) * f.e2) + start;
+  ASSERT_EQ(t - start, 1e-10);
+  const GeoCoord g(xyz[0], xyz[1], xyz[2]);
+  CHECK_BITS(g.b, std::atan(t));
+}
+
 TEST(CoordXyz2Blh, EndsForNaNAndInfinity) {
   for (const double x : {0.0, 1.0, 6378137.0, kInfinity, -kInfinity, kNaN}) {
     for (const double y : {0.0, -1.0, kInfinity, -kInfinity, kNaN}) {

@@ -9,7 +9,14 @@
 #include "bits.h"
 #include "reference/coords.h"
 
-#if !defined(_WIN32)
+// Windows binds the library's names inside the DLL by itself; AddressSanitizer takes a second definition of a variable
+// for a mistake, which here it is not.
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define HAVE_ADDRESS_SANITIZER
+#endif
+#endif
+#if !defined(_WIN32) && !defined(HAVE_ADDRESS_SANITIZER) && !defined(__SANITIZE_ADDRESS__)
 
 const Ellipsoid DefaultEllipsoid(1.0, 0.5);
 double RR(const Coord& /*c*/) { return -1.0; }

@@ -134,9 +134,10 @@ TEST(CoordRecords, ScalarMayBeAComponentOfTheObject) {
   expect_coord(c, 3.0, 9.0, 15.0);
   c = c.z;
   expect_coord(c, 15.0, 15.0, 15.0);
-  c += c;
+  const Coord& same = c;
+  c += same;
   expect_coord(c, 30.0, 30.0, 30.0);
-  c -= c;
+  c -= same;
   expect_coord(c, 0.0, 0.0, 0.0);
 }
 
