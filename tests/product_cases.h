@@ -101,7 +101,7 @@ inline std::ptrdiff_t stored(int rows, int cols, int mode) {
 
 inline void compare_mixed(int n, int m, int k, int mode_a, int mode_b, nasty::Kind kind) {
   const long long code = 10LL * mode_a + mode_b;
-  nasty::Random random(static_cast<std::uint64_t>(((n * 1000 + m) * 1000 + k) * 100 + code));
+  nasty::Random random(static_cast<std::uint64_t>(((n * 1000LL + m) * 1000 + k) * 100 + code));
   const std::ptrdiff_t size_a = code == 22 ? n : stored(n, m, code == 0 ? 0 : mode_a);
   const std::ptrdiff_t size_b = code == 22 ? n : stored(m, k, code == 0 ? 0 : mode_b);
   const nasty::Buffer a(size_a, kind, random), b(size_b, kind, random);
