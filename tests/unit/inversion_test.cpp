@@ -19,6 +19,8 @@ TEST(RareInversion, SpecialValuesEqualTheReference) { inversion_cases::compare_s
 
 TEST(RareInversion, ExtremeScalesEqualTheReference) { inversion_cases::compare_scaled(); }
 
+TEST(RareInversion, OverflowingInversesEqualTheReference) { inversion_cases::compare_overflowing_chain(); }
+
 TEST(RareInversion, ProgressEqualsTheReference) { inversion_cases::compare_progress(); }
 
 TEST(PseudoInversion, EqualsTheReference) { inversion_cases::compare_pseudo(); }

@@ -29,6 +29,33 @@ TEST(InversionProgress, ThreePhasesOfOrderSixteen) {
   EXPECT_EQ(percent, 70);
 }
 
+// Rounding to whole per cent hides almost every last bit, but not all: over these cases every bracket of the rule
+// and the factor of one third, which is no division by three, decide some value.
+TEST(InversionProgress, FollowsTheRuleToTheLastBracket) {
+  const double third = 1.0 / 3.0;
+  const auto whole = [](double v) { return v + 0.5 >= 100.0 ? 99 : static_cast<int>(v + 0.5); };
+  for (int n = 8; n <= 120; ++n) {
+    for (int span = -30; span <= 300; ++span) {
+      const int start = span % 7;
+      const double b = start;
+      const double t = span * third;
+      const double u = ((t / n) / n) / n;
+      for (int k = 8; k <= n; k += 8) {
+        const double left = n - k + 1;
+        const double done = k;
+        int percent = start;
+        const alidade::InversionProgress progress(&percent, span, n);
+        progress.start_factor_row(k);
+        ASSERT_EQ(percent, whole(b + (t - ((left * left) * left) * u))) << n << " " << span << " " << k;
+        progress.start_inverse_row(k);
+        ASSERT_EQ(percent, whole((b + t) + ((done * done) * done) * u)) << n << " " << span << " " << k;
+        progress.finish_product_row(k);
+        ASSERT_EQ(percent, whole(((b + t) + t) + ((done * done) * done) * u)) << n << " " << span << " " << k;
+      }
+    }
+  }
+}
+
 TEST(InversionProgress, StaysWithinInt) {
   int percent = INT_MIN;
   const alidade::InversionProgress progress(&percent, INT_MIN, 8);
