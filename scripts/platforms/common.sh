@@ -1,0 +1,62 @@
+# What the scripts of this folder share; they read it with the shell's dot command.
+#
+# Each script builds and tests one platform below build/platforms/ and adds its rows to build/platforms/rows:
+# platform, compiler, flags, tests passed, golden cases equal, differences attributed to the math library.
+set -eu
+
+root=$(cd "$(dirname "$0")/../.." && pwd)
+platforms=$root/build/platforms
+rows=$platforms/rows
+mkdir -p "$platforms"
+
+setup() { "$root"/scripts/setup platforms; }
+
+# add_row PLATFORM COMPILER FLAGS TESTS GOLDEN LIBM
+add_row() {
+  printf '| %s | %s | %s | %s | %s | %s |\n' "$@" >>"$rows"
+  tail -n 1 "$rows"
+}
+
+# compiler_of BUILD: the name and version of the compiler, as CMake found it
+compiler_of() {
+  cat "$1"/CMakeFiles/*/CMakeCXXCompiler.cmake |
+    sed -n -e 's/^set(CMAKE_CXX_COMPILER_ID "\(.*\)")/\1/p' -e 's/^set(CMAKE_CXX_COMPILER_VERSION "\(.*\)")/\1/p' |
+    sed -e 's/^GNU$/g++/' -e 's/^Clang$/clang++/' | paste -s -d ' '
+}
+
+# golden_of LOG: "N of M" equal cases out of the output of alidade-verify; libm_of LOG: attributed differences
+golden_of() { tr -d '\r' <"$1" | awk '$1 == "all" && NF == 5 {r = $3 " of " $2} END {print r == "" ? "-" : r}'; }
+libm_of() { tr -d '\r' <"$1" | awk '$1 == "all" && NF == 5 {r = $5} END {print r == "" ? "-" : r}'; }
+
+# test_build PLATFORM FLAGS BUILD [CTEST ARGUMENTS]: runs the tests of a finished build and adds its row
+test_build() {
+  platform=$1 flags=$2 build=$3
+  shift 3
+  result=0
+  ctest --test-dir "$build" --output-on-failure --timeout 1200 -j "$(nproc)" "$@" >"$build/ctest.log" 2>&1 || result=$?
+  row_of_build "$platform" "$flags" "$build"
+  [ "$result" = 0 ] || tail -n 60 "$build/ctest.log"
+  return "$result"
+}
+
+# row_of_build PLATFORM FLAGS BUILD: adds the row of a build whose tests have run, their output being in BUILD/ctest.log
+row_of_build() {
+  tests=$(tr -d '\r' <"$3/ctest.log" |
+    sed -n 's/^\([0-9]*\)% tests passed, \([0-9]*\) tests failed out of \([0-9]*\)/\2 \3/p' |
+    awk '{print $2 - $1 " of " $2}')
+  log=$3/Testing/Temporary/LastTest.log
+  add_row "$1" "$(compiler_of "$3")" "$2" "${tests:-none}" "$(golden_of "$log")" "$(libm_of "$log")"
+}
+
+# cross PLATFORM TOOLCHAIN [CMAKE ARGUMENTS]: configures, builds and tests for another processor
+cross() {
+  setup
+  platform=$1 toolchain=$2
+  shift 2
+  build=$platforms/$toolchain
+  echo "== $platform"
+  cmake -S "$root" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake" \
+    -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O2 -DALIDADE_GTEST_SOURCE_DIR=/usr/src/googletest "$@" >/dev/null
+  cmake --build "$build"
+  test_build "$platform" -O2 "$build"
+}
