@@ -112,8 +112,8 @@ public:
   ///                both in radians, and the slant distance in metres
   ///
   /// The latitude and longitude of this position come from `GeoCoord::xyz2blh`: on the polar axis the longitude is 0,
-  /// at the centre of the ellipsoid both are 0. An azimuth less than half a unit in the last place below zero is
-  /// returned as 2*pi itself, rounded. For a target equal to this position the distance is 0 and the angles are what
+  /// at the centre of the ellipsoid both are 0. An azimuth less than half a unit in the last place of 2*pi below zero
+  /// is returned as 2*pi itself, rounded. For a target equal to this position the distance is 0 and the angles are what
   /// atan2 gives for zeros. The distance is the length of the geocentric difference, not of the rotated one. `neu` may
   /// be this object or the target. Bits: class B (sin, cos, atan, atan2).
   ///
@@ -160,7 +160,8 @@ public:
   /// - (1) At the centre, (0, 0, 0): b = 0, l = 0, h = -a.
   /// - (2) Less than 1e-10 m from the polar axis: l = 0, b = pi/2 or -pi/2 by the sign of z, h = |z| minus the polar
   ///   semi-axis.
-  /// - (3) y = -0.0 with x > 0 gives l = -0.0. A longitude less than half a unit in the last place below zero is
+  /// - (3) y = -0.0 with x > 0 gives l = -0.0. A longitude less than half a unit in the last place of 2*pi below zero
+  /// is
   ///   returned as 2*pi itself, rounded.
   /// - (4) NaN and infinite coordinates give NaN or infinite results; so does a z/p that overflows.
   ///
@@ -237,7 +238,7 @@ ALIDADE_API double RR(const double& a, const double& b, const double& c);
 /// @param a            semi-major axis, metres
 /// @param f            flattening, for instance 1/298.257223563
 /// @param lat, lon     degrees; written: lat in [-90, 90], lon in [0, 360), up to rounding: a longitude less than half
-///                     a unit in the last place below zero is 360
+///                     a unit in the last place of 2*pi below zero is 360
 /// @param h            ellipsoidal height, metres
 /// @param x, y, z      geocentric position, metres
 ///
@@ -274,8 +275,8 @@ ALIDADE_API TAbstractPoint3<double> blh_to_neu(const TAbstractPoint3<double>& bl
 ///
 /// For a zero vector both angles are the undefined marker DBL_MAX and the distance is 0. A vector counts as zero when
 /// up is 0 and the sum of the squares of east and north is: components below 1.5e-162 m underflow. An azimuth less than
-/// half a unit in the last place below zero is returned as 2*pi itself, rounded. Straight up and down the azimuth is 0.
-/// Bits: class B (atan2).
+/// half a unit in the last place of 2*pi below zero is returned as 2*pi itself, rounded. For (0, 0, up) the azimuth is
+/// 0. Bits: class B (atan2).
 ALIDADE_API TAbstractPoint3<double> neu_to_polar(const TAbstractPoint3<double>& v);
 
 /// Splits decimal degrees into degrees, minutes and seconds, as fields show them.
