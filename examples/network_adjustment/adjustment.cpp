@@ -3,6 +3,7 @@
 #include <alidade/linalg3.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "matrix_views.h"
@@ -120,6 +121,9 @@ AdjustedNetwork adjust(const Network& network, int* progress) {
   for (const ObservationGroup& group : equations) {
     result.groups.push_back(evaluate(group, kWidth, normal.matrix(), solution));
     result.chi_square += result.groups.back().weighted_square;
+  }
+  if (!std::isfinite(result.chi_square)) {
+    throw AdjustmentError("the observations contradict one another beyond the range of numbers");
   }
   for (std::size_t i = 0; i < result.positions.size(); ++i) {
     result.positions[i] += Coord(solution[3 * i], solution[3 * i + 1], solution[3 * i + 2]);

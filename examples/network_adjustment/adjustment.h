@@ -26,7 +26,7 @@ struct AdjustedNetwork {
   int redundancy() const { return observations - unknowns; }
 };
 
-// The normal equations could not be inverted.
+// The observations have no adjustment: the normal equations cannot be inverted, or the result is not finite.
 class AdjustmentError : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;

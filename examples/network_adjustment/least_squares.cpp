@@ -44,7 +44,7 @@ void transfer(TSMatrix& from, int from_row, int from_column, char op, TSMatrix& 
 }  // namespace
 
 NormalEquations::NormalEquations(int points, int width)
-    : width_(width), matrix_(points * width, 0), right_side_(static_cast<std::size_t>(points * width), 0.0) {}
+    : width_(width), matrix_(points * width, 0), right_side_(dense_size(points, width), 0.0) {}
 
 void NormalEquations::add(const ObservationGroup& group) {
   const int rows = group.rows();

@@ -233,9 +233,11 @@ Plan make_plan(const Network& network, const Results& results) {
   for (const auto& group : dense_groups(plan.stations, kDenseDistance / plan.main.pixels_per_metre)) {
     const auto number = static_cast<int>(plan.insets.size());
     Panel inset{};
-    inset.letter = std::string(1, static_cast<char>('A' + number % 26));
-    const double left = kMargin + (number % kInsetsInRow) * (inset_width + kMargin);
-    const double inset_top = plan.legend.bottom + (number / kInsetsInRow) * (kInsetHeight + kMargin);
+    inset.letter = std::string(static_cast<std::size_t>(1 + number / 26), static_cast<char>('A' + number % 26));
+    const int row = number / kInsetsInRow;
+    const int column = number % kInsetsInRow;
+    const double left = kMargin + column * (inset_width + kMargin);
+    const double inset_top = plan.legend.bottom + row * (kInsetHeight + kMargin);
     inset.frame = {left, inset_top, left + inset_width, inset_top + kInsetHeight};
     inset.stations = group;
     fit(inset, plan.stations, group, kInsetBorder);

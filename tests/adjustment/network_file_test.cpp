@@ -289,4 +289,14 @@ TEST(NetworkFile, SmallestNetworkAdjusts) {
   EXPECT_EQ(d.z, -3760003.0);
 }
 
+// Numbers that are none of a survey, but numbers: the adjustment refuses what it cannot represent.
+TEST(NetworkFile, ObservationsBeyondTheRangeOfNumbers) {
+  std::vector<std::string> lines = good_lines();
+  lines.push_back("BL 1 A B  1e300 20.0 30.0  4e-6 0 4e-6 0 0 4e-6  2.0");
+  EXPECT_THROW(network::adjust(read(join(lines)), nullptr), network::AdjustmentError);
+  // A variance without bound has no weight, and nothing else determines B.
+  const Network loose = read(with_line(2, "BL 0 A B  10.0 20.0 30.0  1e300 0 1e300 0 0 1e300  2.0"));
+  EXPECT_THROW(network::adjust(loose, nullptr), network::AdjustmentError);
+}
+
 }  // namespace
