@@ -580,8 +580,7 @@ ALIDADE_API int RareInversion(TSMatrix& N, int* progress, int span);
 /// full-rank factorisation whose pseudo-inverse is F (F'F)^-1 Q (F'F)^-1 F' (Ben-Israel and Greville, Generalized
 /// Inverses, 2nd ed., 1.6), with (F'F)^-1 = I - H (I + H'H)^-1 H' by Woodbury's formula. The operators of the family
 /// above carry it out. Allocates temporaries of O(m d) elements; a failure to do so throws what the platform's new
-/// throws, N's order in use restored and its elements untouched if it fails before the leading block is updated. Bits:
-/// class A.
+/// throws and leaves N as it was. Bits: class A.
 ALIDADE_API int PseudoInversion(TSMatrix& N, int d);
 
 // Scalar helpers, after the intrinsic functions of classic scientific libraries. They have no state and report no

@@ -29,9 +29,8 @@ TEST(InversionProgress, ThreePhasesOfOrderSixteen) {
   EXPECT_EQ(percent, 70);
 }
 
-// Rounding to whole per cent hides almost every last bit, but not all: over these cases every bracket of the rule
-// and the factor of one third, which is no division by three, decide some value.
-TEST(InversionProgress, FollowsTheRuleToTheLastBracket) {
+// The rule, bracket by bracket. A third is a factor of 1/3 here, which is no division by three.
+TEST(InversionProgress, FollowsTheRule) {
   const double third = 1.0 / 3.0;
   const auto whole = [](double v) { return v + 0.5 >= 100.0 ? 99 : static_cast<int>(v + 0.5); };
   for (int n = 8; n <= 120; ++n) {
@@ -53,6 +52,29 @@ TEST(InversionProgress, FollowsTheRuleToTheLastBracket) {
         ASSERT_EQ(percent, whole(((b + t) + t) + ((done * done) * done) * u)) << n << " " << span << " " << k;
       }
     }
+  }
+}
+
+// Values so close to half a per cent that the last bit decides: with other brackets, or with one division by the cube
+// of n in place of three by n, each of these is different by one. Found by a search in another language.
+TEST(InversionProgress, LastBitsDecide) {
+  struct Case {
+    int n, row, span, start, percent;
+  };
+  for (const Case& c : {Case{20, 16, 32, 12, 23}, Case{40, 16, 256, -48, 17}}) {
+    int percent = c.start;
+    alidade::InversionProgress(&percent, c.span, c.n).start_factor_row(c.row);
+    EXPECT_EQ(percent, c.percent) << c.n << " " << c.row;
+  }
+  for (const Case& c : {Case{48, 24, 92, -26, 8}, Case{80, 40, 132, -51, 0}, Case{48, 24, 300, -125, -11}}) {
+    int percent = c.start;
+    alidade::InversionProgress(&percent, c.span, c.n).start_inverse_row(c.row);
+    EXPECT_EQ(percent, c.percent) << c.n << " " << c.row;
+  }
+  for (const Case& c : {Case{160, 40, -32, -154, -174}, Case{96, 24, -32, 87, 65}}) {
+    int percent = c.start;
+    alidade::InversionProgress(&percent, c.span, c.n).finish_product_row(c.row);
+    EXPECT_EQ(percent, c.percent) << c.n << " " << c.row;
   }
 }
 
