@@ -364,8 +364,9 @@ private:
 };
 
 // The library holds the instantiations. MinGW neither exports nor imports the inline members of an instantiated
-// template, so a Windows program instantiates those itself and finds the others in the import library.
-#if !defined(__MINGW32__) || defined(ALIDADE_BUILDING)
+// template, so a Windows program instantiates those itself and finds the others in the import library. Visual C++
+// exports an instantiation where it is defined and rejects the attribute here.
+#if defined(ALIDADE_BUILDING) ? !defined(_MSC_VER) : !defined(__MINGW32__)
 extern template class ALIDADE_API TAbstractPoint<double, 2>;
 extern template class ALIDADE_API TAbstractPoint<double, 3>;
 extern template class ALIDADE_API TAbstractPoint2<double>;

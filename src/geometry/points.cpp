@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "geometry/guarded_division.h"
+#include "geometry/instantiation.h"
 #include "strict_arithmetic.h"
 #include "truncate.h"
 
@@ -221,8 +222,8 @@ TAbstractPoint2<T>::operator CPoint() const {
   return CPoint(alidade::truncate_to_int(x()), alidade::truncate_to_int(y()));
 }
 
-template class TAbstractPoint<double, 2>;
-template class TAbstractPoint<double, 3>;
-template class TAbstractPoint2<double>;
-template class TAbstractPoint3<double>;
-template class TAbstractSize2<double>;
+ALIDADE_INSTANTIATION TAbstractPoint<double, 2>;
+ALIDADE_INSTANTIATION TAbstractPoint<double, 3>;
+ALIDADE_INSTANTIATION TAbstractPoint2<double>;
+ALIDADE_INSTANTIATION TAbstractPoint3<double>;
+ALIDADE_INSTANTIATION TAbstractSize2<double>;

@@ -1,5 +1,6 @@
 #include <alidade/points.h>
 
+#include "geometry/instantiation.h"
 #include "strict_arithmetic.h"
 #include "truncate.h"
 
@@ -197,4 +198,4 @@ void TAbstractRect<T>::swap(double& a, double& b) {
   b = kept;
 }
 
-template class TAbstractRect<double>;
+ALIDADE_INSTANTIATION TAbstractRect<double>;
