@@ -2,29 +2,75 @@
 
 #include <alidade/matrix.h>
 
+#include <cstdint>
+
+#include "matrix/kernels/dispatch.h"
+#include "matrix/kernels/walk.h"
 #include "matrix/plain/plain_kernels.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
 
+namespace {
+
+using kernels::Extent;
+using kernels::Operand;
+
+Operand dense(const double* data, int ld) { return {Operand::kDense, data, ld}; }
+Operand transposed(const double* data, int ld) { return {Operand::kTransposed, data, ld}; }
+Operand packed(const double* data) { return {Operand::kPacked, data, 0}; }
+
+}  // namespace
+
 void matrix_product(const double* a, const double* b, double* c, int n, int m, int k) {
-  plain::matrix_product(a, b, c, n, m, k);
+  const Extent extent = {n, k, m};
+  if (const kernels::Kernels* fast = kernels::active_for(extent, false)) {
+    fast->product({c, n, false}, dense(a, n), dense(b, m), extent, {true, false});
+  } else {
+    plain::matrix_product(a, b, c, n, m, k);
+  }
 }
 
 void transposed_product(const double* a, const double* b, double* c, int n, int m, int k) {
-  plain::transposed_product(a, b, c, n, m, k);
+  const Extent extent = {m, k, n};
+  if (const kernels::Kernels* fast = kernels::active_for(extent, true)) {
+    fast->product({c, m, false}, transposed(a, n), dense(b, n), extent, {true, false});
+  } else {
+    plain::transposed_product(a, b, c, n, m, k);
+  }
 }
 
 void mixed_product(const double* a, const double* b, double* c, int n, int m, int modeA, int modeB, int k) {
-  plain::mixed_product(a, b, c, n, m, modeA, modeB, k);
+  const Extent extent = {n, k, m};
+  const kernels::Kernels* fast = kernels::active_for(extent, modeA == 1);
+  const std::int64_t code = std::int64_t{modeA} * 10 + modeB;
+  const bool diagonal = modeA > 1 || modeB > 1;
+  if (fast == nullptr || (diagonal && code != 0)) {  // diagonal operands are no work for tiles
+    plain::mixed_product(a, b, c, n, m, modeA, modeB, k);
+    return;
+  }
+  const Operand left = modeA == 1 && code != 0 ? packed(a) : dense(a, n);
+  const Operand right = modeB == 1 && code != 0 ? packed(b) : dense(b, m);
+  fast->product({c, n, false}, left, right, extent, {true, false});
 }
 
 void congruence_product(const double* a, const double* q, double* c, int n, int m, char op) {
-  plain::congruence_product(a, q, c, n, m, op);
+  const Extent extent = {n, n, m};
+  if (const kernels::Kernels* fast = kernels::active_for(extent, false)) {
+    fast->product_of_product({c, 0, true}, dense(a, n), packed(q), m, transposed(a, n), extent,
+                             {op != '+' && op != '-', op == '-' || op == '|'});
+  } else {
+    plain::congruence_product(a, q, c, n, m, op);
+  }
 }
 
 void transposed_congruence_vector(double* r, char op, const double* a, const double* q, const double* l, int n, int m) {
-  plain::transposed_congruence_vector(r, op, a, q, l, n, m);
+  if (const kernels::Kernels* fast = kernels::active_for({m, n, n}, true)) {
+    fast->product_of_product({r, m, false}, transposed(a, n), packed(q), n, dense(l, n), Extent{m, 1, n},
+                             {op != '+', false});
+  } else {
+    plain::transposed_congruence_vector(r, op, a, q, l, n, m);
+  }
 }
 
 }  // namespace alidade

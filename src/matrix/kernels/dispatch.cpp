@@ -1,0 +1,75 @@
+#include "matrix/kernels/dispatch.h"
+
+#include <cstddef>
+
+#include "matrix/kernels/instances.h"
+#include "matrix/kernels/walk.h"
+#include "strict_arithmetic.h"
+
+namespace alidade {
+namespace kernels {
+
+namespace {
+
+// Constant-initialised: before the best set has been chosen, the plain loops serve.
+const Kernels* chosen = nullptr;
+
+const Kernels* table_of(InstructionSet set) {
+#if defined(ALIDADE_KERNELS_X86)
+  __builtin_cpu_init();
+  switch (set) {
+    case InstructionSet::kSse2:
+      return &sse2::table;
+    case InstructionSet::kAvx2:
+      return __builtin_cpu_supports("avx2") ? &avx2::table : nullptr;
+    case InstructionSet::kAvx512:
+      return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
+                     __builtin_cpu_supports("avx512vl")
+                 ? &avx512::table
+                 : nullptr;
+    default:
+      return nullptr;
+  }
+#elif defined(ALIDADE_KERNELS_NEON)
+  return set == InstructionSet::kNeon ? &neon::table : nullptr;
+#else
+  static_cast<void>(set);
+  return nullptr;
+#endif
+}
+
+// The last in the list that is available: they stand in ascending order of speed.
+struct ChooseAtLoad {
+  ChooseAtLoad() {
+    for (InstructionSet set : kInstructionSets) {
+      select(set);
+    }
+  }
+};
+const ChooseAtLoad choose_at_load;
+
+}  // namespace
+
+const Kernels* active() { return chosen; }
+
+const Kernels* active_for(Extent extent, bool packs) {
+  const std::ptrdiff_t least = packs ? 1000 : 150;
+  const std::ptrdiff_t few_lines = packs ? 3 : 1;
+  const bool small = extent.lines < few_lines || extent.lanes < 4 ||
+                     (extent.lanes < least && extent.lines < least && extent.terms < least &&
+                      extent.lanes * extent.lines * extent.terms < least);
+  return small ? nullptr : chosen;
+}
+
+bool available(InstructionSet set) { return set == InstructionSet::kPlain || table_of(set) != nullptr; }
+
+bool select(InstructionSet set) {
+  if (!available(set)) {
+    return false;
+  }
+  chosen = table_of(set);
+  return true;
+}
+
+}  // namespace kernels
+}  // namespace alidade

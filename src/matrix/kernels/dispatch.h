@@ -1,0 +1,33 @@
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_DISPATCH_H
+#define ALIDADE_SRC_MATRIX_KERNELS_DISPATCH_H
+
+// Which kernels this processor runs. Every choice gives the same bits; docs/performance.md has the speeds.
+
+#include "matrix/kernels/walk.h"
+#include "strict_arithmetic.h"
+
+namespace alidade {
+namespace kernels {
+
+enum class InstructionSet { kPlain, kSse2, kAvx2, kAvx512, kNeon };
+constexpr InstructionSet kInstructionSets[] = {InstructionSet::kPlain, InstructionSet::kSse2, InstructionSet::kAvx2,
+                                               InstructionSet::kAvx512, InstructionSet::kNeon};
+
+// Null where the plain loops serve: on a machine without vectors of doubles, in a build by a compiler without vector
+// extensions, and in a host's static initialisers that run before the library's own.
+const Kernels* active();
+
+// Is the set in this build, and does the processor (and its operating system) have it?
+bool available(InstructionSet set);
+
+// The kernels, or null where the plain loops are as fast: below about a thousand products for each element that has to
+// be packed into a stack tile first, much earlier where the operands are used as they lie.
+const Kernels* active_for(Extent extent, bool packs);
+
+// For tests and benchmarks: uses the given set from now on, in all threads. False, and no change, if not available.
+bool select(InstructionSet set);
+
+}  // namespace kernels
+}  // namespace alidade
+
+#endif

@@ -1,0 +1,210 @@
+// The register tile. Included once per instruction set, after its vector_*.h, inside namespace ALIDADE_ISA.
+//
+// The plain loop in words. A target element is a sum of products whose terms arrive in a fixed order, each product and
+// each partial sum rounded to double:
+//
+//     for every line, for every lane:   t = 0.0 or the old element
+//       for term = 0, 1, 2, ...:        t = a(lane, term) * b(term, line) + t
+//
+// Why the tile keeps the order. Elements are independent of each other; only the terms of one element are ordered. The
+// tile holds a block of elements in registers, consecutive lanes side by side in a vector, and runs over the terms
+// once: every element sees its own terms one by one, ascending, with the same two roundings. Nothing is summed across
+// lanes, and a sum may be put down and taken up again between any two terms, which blocking for the caches does.
+//
+// The edges. A last vector that is only partly inside the matrix is loaded with lane 0 repeated: the spare lanes repeat
+// a computation that is done anyway, so they read nothing outside and raise no exception of their own, and they are
+// not stored. In a packed target a tile on the diagonal computes lanes beyond it, that is elements of the upper
+// triangle, and drops them.
+
+#define ALIDADE_INLINE inline __attribute__((always_inline))
+#define ALIDADE_UNROLL _Pragma("GCC unroll 8")
+
+template <typename T>
+ALIDADE_INLINE T* at(const BasicWalk<T>& walk, std::ptrdiff_t k) {
+  return walk.start + k * walk.step + walk.growth * (k * (k - 1) / 2);
+}
+
+// The same family seen from its k-th member.
+template <typename T>
+ALIDADE_INLINE BasicWalk<T> from(const BasicWalk<T>& walk, std::ptrdiff_t k) {
+  return {at(walk, k), walk.step + k * walk.growth, walk.growth};
+}
+
+ALIDADE_INLINE std::ptrdiff_t smaller(std::ptrdiff_t x, std::ptrdiff_t y) { return x < y ? x : y; }
+
+// How the tile finds b(term, line).
+enum Supply {
+  kColumns,           // each line is a contiguous stretch of terms
+  kRows,              // each term is a contiguous stretch of lines
+  kTwoRows,           // kRows for the sum of two products, a(lane) b(line) + a2(lane) b2(line)
+  kTwoRowsSubtracted  // that sum subtracted, which is not the sum of the negated products where it is zero
+};
+
+struct Tile {
+  Walk a;  // a member per term, contiguous in lanes
+  Walk b;  // a member per line (kColumns) or per term (kRows)
+  std::ptrdiff_t terms;
+  TargetWalk target;         // a member per line
+  std::ptrdiff_t lanes;      // of line 0; may be zero or negative on the diagonal
+  std::ptrdiff_t more;       // lanes that each further line has more, 0 or 1,
+  std::ptrdiff_t max_lanes;  // up to this many
+  bool clear;                // sums start at +0.0, else at the target
+  Walk a2 = {nullptr, 0, 0};
+  Walk b2 = {nullptr, 0, 0};
+};
+
+template <int R, int V>
+using Sums = Vector[R][V];
+
+// Lanes 0 ... count - 1 of a vector that may lie partly or wholly beyond the line.
+ALIDADE_INLINE Vector load_lanes(const double* p, std::ptrdiff_t count) {
+  return count >= kWidth ? load(p) : count > 0 ? load_first(p, Mask(count)) : zero();
+}
+ALIDADE_INLINE void store_lanes(double* p, Vector v, std::ptrdiff_t count) {
+  if (count >= kWidth) {
+    store(p, v);
+  } else if (count > 0) {
+    store_first(p, v, Mask(count));
+  }
+}
+
+template <int R, int V>
+ALIDADE_INLINE void start_sums(const Tile& tile, Sums<R, V>& sums) {
+  ALIDADE_UNROLL
+  for (int r = 0; r < R; ++r) {
+    const double* line = at(tile.target, r);
+    const std::ptrdiff_t lanes = smaller(tile.lanes + r * tile.more, tile.max_lanes);
+    ALIDADE_UNROLL
+    for (int v = 0; v < V; ++v) {
+      sums[r][v] = tile.clear ? zero() : load_lanes(line + v * kWidth, lanes - v * kWidth);
+    }
+  }
+}
+
+template <int R, int V>
+ALIDADE_INLINE void store_sums(const Tile& tile, const Sums<R, V>& sums) {
+  ALIDADE_UNROLL
+  for (int r = 0; r < R; ++r) {
+    double* line = at(tile.target, r);
+    const std::ptrdiff_t lanes = smaller(tile.lanes + r * tile.more, tile.max_lanes);
+    ALIDADE_UNROLL
+    for (int v = 0; v < V; ++v) {
+      store_lanes(line + v * kWidth, sums[r][v], lanes - v * kWidth);
+    }
+  }
+}
+
+// Runs over the terms. With kEdge the last vector of a has fewer than kWidth readable lanes.
+template <int R, int V, Supply kSupply, bool kEdge>
+ALIDADE_INLINE void add_terms(const Tile& tile, Sums<R, V>& sums) {
+  const double* a = tile.a.start;
+  constexpr bool kTwo = kSupply == kTwoRows || kSupply == kTwoRowsSubtracted;
+  const double* a2 = tile.a2.start;
+  std::ptrdiff_t a_step = tile.a.step;
+  const double* b[R];
+  ALIDADE_UNROLL
+  for (int r = 0; r < R; ++r) {
+    b[r] = kSupply == kColumns ? at(tile.b, r) : nullptr;
+  }
+  const double* row = tile.b.start;
+  const double* row2 = tile.b2.start;
+  std::ptrdiff_t row_step = tile.b.step;
+  const Mask edge(kEdge ? tile.max_lanes - (V - 1) * kWidth : 1);
+  for (std::ptrdiff_t term = 0; term < tile.terms; ++term) {
+    Vector lanes[V];
+    Vector lanes2[V];
+    ALIDADE_UNROLL
+    for (int v = 0; v < V; ++v) {
+      const bool partial = kEdge && v == V - 1;
+      lanes[v] = partial ? load_first(a + v * kWidth, edge) : load(a + v * kWidth);
+      if (kTwo) {
+        lanes2[v] = partial ? load_first(a2 + v * kWidth, edge) : load(a2 + v * kWidth);
+      }
+    }
+    ALIDADE_UNROLL
+    for (int r = 0; r < R; ++r) {
+      const Vector factor = broadcast(kSupply == kColumns ? b[r] + term : row + r);
+      ALIDADE_UNROLL
+      for (int v = 0; v < V; ++v) {
+        if (kTwo) {
+          const Vector both = lanes[v] * factor + lanes2[v] * broadcast(row2 + r);
+          sums[r][v] = kSupply == kTwoRows ? both + sums[r][v] : sums[r][v] - both;
+        } else {
+          sums[r][v] = lanes[v] * factor + sums[r][v];
+        }
+      }
+    }
+    a += a_step;
+    a2 += kTwo ? a_step : 0;
+    a_step += tile.a.growth;
+    row += row_step;
+    row2 += kTwo ? row_step : 0;
+    row_step += tile.b.growth;
+  }
+}
+
+template <int R, int V, Supply kSupply, bool kEdge>
+void run_tile(const Tile& tile) {
+  Sums<R, V> sums;
+  start_sums<R, V>(tile, sums);
+  add_terms<R, V, kSupply, kEdge>(tile, sums);
+  store_sums<R, V>(tile, sums);
+}
+
+// Every height and width a remainder can have, as a table of functions.
+using TileFunction = void (*)(const Tile&);
+
+template <Supply kSupply, bool kEdge>
+struct TileTable {
+  TileFunction run[kTileLines + 1][kTileVectors + 1];
+
+  constexpr TileTable() : run() { add_lines(std::make_integer_sequence<int, kTileLines>()); }
+
+private:
+  template <int... kLess>
+  constexpr void add_lines(std::integer_sequence<int, kLess...>) {
+    (add_vectors<kLess + 1>(std::make_integer_sequence<int, kTileVectors>()), ...);
+  }
+  template <int R, int... kLess>
+  constexpr void add_vectors(std::integer_sequence<int, kLess...>) {
+    ((run[R][kLess + 1] = run_tile<R, kLess + 1, kSupply, kEdge>), ...);
+  }
+};
+
+constexpr TileTable<kColumns, false> kColumnTiles;
+constexpr TileTable<kColumns, true> kColumnEdgeTiles;
+constexpr TileTable<kRows, false> kRowTiles;
+constexpr TileTable<kRows, true> kRowEdgeTiles;
+constexpr TileTable<kTwoRows, false> kTwoRowTiles;
+constexpr TileTable<kTwoRowsSubtracted, false> kTwoRowSubtractedTiles;
+
+// Size of the next of the pieces that `rest` is cut into: `full`, the last two pieces alike.
+ALIDADE_INLINE std::ptrdiff_t next_piece(std::ptrdiff_t rest, std::ptrdiff_t full) {
+  return rest >= 2 * full ? full : rest > full ? (rest + 1) / 2 : rest;
+}
+
+// One group of at most kTileLines lines over all its lanes; `whole` describes it as if it were one tile. `padded`: a
+// may be read up to whole vectors.
+template <Supply kSupply>
+ALIDADE_INLINE void run_lines(const Tile& whole, std::ptrdiff_t lines, bool padded) {
+  const std::ptrdiff_t reach = smaller(whole.max_lanes, whole.lanes + (lines - 1) * whole.more);
+  Tile tile = whole;
+  for (std::ptrdiff_t lane = 0; lane < reach;) {
+    const std::ptrdiff_t vectors = next_piece((reach - lane + kWidth - 1) / kWidth, kTileVectors);
+    const bool edge = !padded && tile.max_lanes < vectors * kWidth;
+    const auto& run = kSupply == kTwoRows             ? kTwoRowTiles.run
+                      : kSupply == kTwoRowsSubtracted ? kTwoRowSubtractedTiles.run
+                      : kSupply == kRows              ? (edge ? kRowEdgeTiles.run : kRowTiles.run)
+                                                      : (edge ? kColumnEdgeTiles.run : kColumnTiles.run);
+    run[lines][vectors](tile);
+    const std::ptrdiff_t done = vectors * kWidth;
+    lane += done;
+    tile.a.start += done;
+    if (tile.a2.start != nullptr) {
+      tile.a2.start += done;
+    }
+    tile.target.start += done;
+    tile.lanes -= done;
+    tile.max_lanes -= done;
+  }
+}

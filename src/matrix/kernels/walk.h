@@ -1,0 +1,77 @@
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_WALK_H
+#define ALIDADE_SRC_MATRIX_KERNELS_WALK_H
+
+#include <cstddef>
+
+#include "strict_arithmetic.h"
+
+namespace alidade {
+namespace kernels {
+
+// Where the k-th of a family of contiguous stretches starts: columns of a dense matrix lie a constant step apart
+// (growth 0), rows of a packed triangle one element further each time (growth 1).
+template <typename T>
+struct BasicWalk {
+  T* start;
+  std::ptrdiff_t step;
+  std::ptrdiff_t growth;
+};
+using Walk = BasicWalk<const double>;
+using TargetWalk = BasicWalk<double>;
+
+// An operand as it is stored; element (row, column) counts from (row0, column0) of the stored matrix.
+struct Operand {
+  enum Layout {
+    kDense,       // at row + column * ld
+    kTransposed,  // at column + row * ld: the transpose of a dense matrix
+    kPacked       // symmetric, packed lower triangle
+  };
+  Layout layout;
+  const double* data;
+  std::ptrdiff_t ld;
+  std::ptrdiff_t row0 = 0;
+  std::ptrdiff_t column0 = 0;
+};
+
+// The target of a product, by lines of contiguous lanes: the columns of a dense matrix, or the rows of a packed lower
+// triangle, of which line k has lanes 0 ... k.
+struct Target {
+  double* data;
+  std::ptrdiff_t ld;
+  bool triangle;
+};
+
+struct Extent {
+  std::ptrdiff_t lanes;
+  std::ptrdiff_t lines;
+  std::ptrdiff_t terms;
+};
+
+// What becomes of the target's old elements, and the sign of every product.
+struct Mode {
+  bool clear;   // start each sum at +0.0 instead of the element
+  bool negate;  // subtract the products
+};
+
+// The kernels of one instruction set. `a` supplies element (lane, term), `b` element (term, line) of every product.
+struct Kernels {
+  const char* name;
+  // target(lane, line) (+)= sum of a(lane, term) b(term, line), terms ascending.
+  void (*product)(const Target& target, const Operand& a, const Operand& b, Extent extent, Mode mode);
+  // The same with a = x y, a sum of `inner` terms rounded by itself: target (+)= (x y) b.
+  void (*product_of_product)(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
+                             const Operand& b, Extent extent, Mode mode);
+  // Packed target of order b (+)= r' (s r), r being a x b; the inner sum over the terms of s r is rounded by itself.
+  void (*transposed_congruence)(double* target, const double* r, const double* s, std::ptrdiff_t a, std::ptrdiff_t b,
+                                Mode mode);
+  // Packed target of order rows (+)= a b' + b a'; the two products of a term are added first.
+  void (*symmetrized_product)(double* target, const double* a, const double* b, std::ptrdiff_t rows,
+                              std::ptrdiff_t columns, Mode mode);
+  // invert_normal_matrix of matrix/inversion.h.
+  int (*invert)(double* packed, int n, int* progress, int span);
+};
+
+}  // namespace kernels
+}  // namespace alidade
+
+#endif
