@@ -43,12 +43,12 @@ public:
   CLineCoeffs(const CLineCoeffs& o) = default;
   CLineCoeffs& operator=(const CLineCoeffs& o) = default;
 
-  double a() const { return a_; }
-  double& a() { return a_; }
-  double b() const { return b_; }
-  double& b() { return b_; }
-  double c() const { return c_; }
-  double& c() { return c_; }
+  double a() const { return a_; }  ///< Coefficient of x.
+  double& a() { return a_; }       ///< Coefficient of x.
+  double b() const { return b_; }  ///< Coefficient of y.
+  double& b() { return b_; }       ///< Coefficient of y.
+  double c() const { return c_; }  ///< Constant term.
+  double& c() { return c_; }       ///< Constant term.
 
 private:
   double a_;
@@ -67,10 +67,10 @@ public:
   CArcParams(const CArcParams& o) = default;
   CArcParams& operator=(const CArcParams& o) = default;
 
-  TAbstractPoint2<double> centre;
-  TAbstractPoint2<double> start;
-  TAbstractPoint2<double> end;
-  double radius;
+  TAbstractPoint2<double> centre;  ///< Centre of the circle.
+  TAbstractPoint2<double> start;   ///< Where the arc begins.
+  TAbstractPoint2<double> end;     ///< Where the arc ends.
+  double radius;                   ///< Radius, in the unit of the points.
 };
 
 /// The line through two points.

@@ -19,21 +19,23 @@
 
 /// Point of two ints. Stand-in for the host framework's type.
 struct CPoint {
-  int x;
-  int y;
+  int x;  ///< First coordinate.
+  int y;  ///< Second coordinate.
   /// (0, 0).
   CPoint() : x(0), y(0) {}
+  /// From its coordinates.
   CPoint(int px, int py) : x(px), y(py) {}
 };
 
 /// Rectangle of four ints. Stand-in for the host framework's type.
 struct CRect {
-  int left;
-  int top;
-  int right;
-  int bottom;
+  int left;    ///< Left edge.
+  int top;     ///< Top edge.
+  int right;   ///< Right edge.
+  int bottom;  ///< Bottom edge.
   /// All zero.
   CRect() : left(0), top(0), right(0), bottom(0) {}
+  /// From its edges.
   CRect(int l, int t, int r, int b) : left(l), top(t), right(r), bottom(b) {}
 };
 

@@ -153,14 +153,14 @@ public:
   /// A component outside the range of int, an infinity and a NaN give INT_MIN (-2147483648), on every platform.
   operator CPoint() const;
 
-  T X() const { return (*this)[0]; }
-  T& X() { return (*this)[0]; }
-  T Y() const { return (*this)[1]; }
-  T& Y() { return (*this)[1]; }
-  T x() const { return (*this)[0]; }
-  T& x() { return (*this)[0]; }
-  T y() const { return (*this)[1]; }
-  T& y() { return (*this)[1]; }
+  T X() const { return (*this)[0]; }  ///< First component.
+  T& X() { return (*this)[0]; }       ///< First component.
+  T Y() const { return (*this)[1]; }  ///< Second component.
+  T& Y() { return (*this)[1]; }       ///< Second component.
+  T x() const { return (*this)[0]; }  ///< First component, the same as X().
+  T& x() { return (*this)[0]; }       ///< First component, the same as X().
+  T y() const { return (*this)[1]; }  ///< Second component, the same as Y().
+  T& y() { return (*this)[1]; }       ///< Second component, the same as Y().
 };
 
 /// A point of space. Adds names for the components.
@@ -184,18 +184,18 @@ public:
   TAbstractPoint3(const TAbstractPoint3& o) = default;
   TAbstractPoint3& operator=(const TAbstractPoint3& o) = default;
 
-  T X() const { return (*this)[0]; }
-  T& X() { return (*this)[0]; }
-  T Y() const { return (*this)[1]; }
-  T& Y() { return (*this)[1]; }
-  T Z() const { return (*this)[2]; }
-  T& Z() { return (*this)[2]; }
-  T x() const { return (*this)[0]; }
-  T& x() { return (*this)[0]; }
-  T y() const { return (*this)[1]; }
-  T& y() { return (*this)[1]; }
-  T z() const { return (*this)[2]; }
-  T& z() { return (*this)[2]; }
+  T X() const { return (*this)[0]; }  ///< First component.
+  T& X() { return (*this)[0]; }       ///< First component.
+  T Y() const { return (*this)[1]; }  ///< Second component.
+  T& Y() { return (*this)[1]; }       ///< Second component.
+  T Z() const { return (*this)[2]; }  ///< Third component.
+  T& Z() { return (*this)[2]; }       ///< Third component.
+  T x() const { return (*this)[0]; }  ///< First component, the same as X().
+  T& x() { return (*this)[0]; }       ///< First component, the same as X().
+  T y() const { return (*this)[1]; }  ///< Second component, the same as Y().
+  T& y() { return (*this)[1]; }       ///< Second component, the same as Y().
+  T z() const { return (*this)[2]; }  ///< Third component, the same as Z().
+  T& z() { return (*this)[2]; }       ///< Third component, the same as Z().
 };
 
 /// The extent of something in the plane, along x and y.
@@ -214,10 +214,10 @@ public:
   TAbstractSize2(const TAbstractSize2& o) = default;
   TAbstractSize2& operator=(const TAbstractSize2& o) = default;
 
-  T cx() const { return (*this)[0]; }
-  T& cx() { return (*this)[0]; }
-  T cy() const { return (*this)[1]; }
-  T& cy() { return (*this)[1]; }
+  T cx() const { return (*this)[0]; }  ///< Width.
+  T& cx() { return (*this)[0]; }       ///< Width.
+  T cy() const { return (*this)[1]; }  ///< Height.
+  T& cy() { return (*this)[1]; }       ///< Height.
 };
 
 /// A rectangle along the axes: four doubles left, top, right, bottom.
@@ -252,22 +252,22 @@ public:
   /// conversion of points.
   operator CRect() const;
 
-  T left() const { return left_; }
-  T& left() { return left_; }
-  T top() const { return top_; }
-  T& top() { return top_; }
-  T right() const { return right_; }
-  T& right() { return right_; }
-  T bottom() const { return bottom_; }
-  T& bottom() { return bottom_; }
-  T Left() const { return left_; }
-  T& Left() { return left_; }
-  T Top() const { return top_; }
-  T& Top() { return top_; }
-  T Right() const { return right_; }
-  T& Right() { return right_; }
-  T Bottom() const { return bottom_; }
-  T& Bottom() { return bottom_; }
+  T left() const { return left_; }      ///< Left edge.
+  T& left() { return left_; }           ///< Left edge.
+  T top() const { return top_; }        ///< Top edge.
+  T& top() { return top_; }             ///< Top edge.
+  T right() const { return right_; }    ///< Right edge.
+  T& right() { return right_; }         ///< Right edge.
+  T bottom() const { return bottom_; }  ///< Bottom edge.
+  T& bottom() { return bottom_; }       ///< Bottom edge.
+  T Left() const { return left_; }      ///< The same as left().
+  T& Left() { return left_; }           ///< The same as left().
+  T Top() const { return top_; }        ///< The same as top().
+  T& Top() { return top_; }             ///< The same as top().
+  T Right() const { return right_; }    ///< The same as right().
+  T& Right() { return right_; }         ///< The same as right().
+  T Bottom() const { return bottom_; }  ///< The same as bottom().
+  T& Bottom() { return bottom_; }       ///< The same as bottom().
 
   /// right - left: negative for an inverted rectangle.
   double Width() const;
