@@ -24,13 +24,13 @@ double kink_seconds(const Alignment& alignment, std::size_t k) {
 std::string element_table(const Alignment& alignment) {
   std::string text =
       heading("Elements (metres; azimuths clockwise from north; kink: change of direction at the start)") +
-      "  no  element   begin         end              length      radius  azimuth at begin  at end"
-      "       kink\n";
+      format("  %2s  %-8s  %-10s  %-10s  %10s  %10s  %11s  %11s  %7s\n", "no", "element", "begin", "end", "length",
+             "radius", "azimuth in", "azimuth out", "kink");
   const std::vector<Element>& elements = alignment.elements();
   for (std::size_t k = 0; k < elements.size(); ++k) {
     const Element& e = elements[k];
-    const std::string radius = e.is_arc ? format("%12.4f", e.arc.radius) : format("%12s", "-");
-    text += format("  %2zu  %-8s  %s  %s  %10.4f%s  %16s  %s  %6.1f\"\n", k + 1, e.is_arc ? "arc" : "straight",
+    const std::string radius = e.is_arc ? format("%.4f", e.arc.radius) : "-";
+    text += format("  %2zu  %-8s  %-10s  %-10s  %10.4f  %10s  %s  %s  %6.1f\"\n", k + 1, e.is_arc ? "arc" : "straight",
                    station_text(e.station, 4).c_str(), station_text(e.end_station(), 4).c_str(), e.length,
                    radius.c_str(), dms_text(azimuth_of(e.at(0.0).direction)).c_str(),
                    dms_text(azimuth_of(e.at(e.length).direction)).c_str(), kink_seconds(alignment, k));
@@ -39,7 +39,8 @@ std::string element_table(const Alignment& alignment) {
 }
 
 std::string bend_table(const RoadPlan& plan, const Alignment& alignment) {
-  std::string text = heading("Bends") + "  no  turns        angle  centre north   centre east\n";
+  std::string text = heading("Bends") +
+                     format("  %2s  %-5s  %11s  %12s  %12s\n", "no", "turns", "angle", "centre north", "centre east");
   const std::vector<Element>& elements = alignment.elements();
   int bends = 0;
   for (std::size_t k = 0; k < elements.size(); ++k) {
@@ -63,7 +64,7 @@ std::string stake_line(const RoadPlan& plan, const Stake& stake) {
 std::string stake_table(const RoadPlan& plan, const Alignment& alignment) {
   std::string text = heading(format("Stakes every %g m and at the main points (offsets: L left, R right of the axis)",
                                     plan.interval)) +
-                     "  station       offset      northing       easting     azimuth\n";
+                     format("  %-9s  %9s  %12s  %12s  %11s\n", "station", "offset", "northing", "easting", "azimuth");
   for (const double station : stake_stations(plan, alignment)) {
     if (plan.offset_left > 0.0) {
       text += stake_line(plan, make_stake(alignment, station, -plan.offset_left));
@@ -81,7 +82,8 @@ std::string as_built_table(const RoadPlan& plan, const Alignment& alignment) {
     return "";
   }
   std::string text = heading("As-built points (offset to the right of the axis; difference: measured less design)") +
-                     "  point         station     offset     design  difference    foot north     foot east\n";
+                     format("  %-8s  %-9s  %9s  %9s  %10s  %12s  %12s\n", "point", "station", "offset", "design",
+                            "difference", "foot north", "foot east");
   bool any_beyond = false;
   for (const AsBuiltPoint& p : plan.as_built) {
     const ClosestPoint closest = alignment.closest(p.point);
@@ -99,18 +101,18 @@ std::string parcel_table(const RoadPlan& plan) {
     return "";
   }
   const Parcel parcel = measure_parcel(plan.parcel);
-  std::string text = heading("Parcel") + "  corner    inner angle  side to next\n";
+  std::string text = heading("Parcel") + format("  %-8s  %11s  %12s\n", "corner", "inner angle", "side to next");
   for (const ParcelCorner& corner : parcel.corners) {
     text += format("  %-8s  %s  %12.3f\n", corner.name.c_str(), dms_text(corner.inner_angle).c_str(), corner.side);
   }
-  text += "\n  triangle                    area\n";
+  text += format("\n  %-18s  %12s\n", "triangle", "area");
   for (std::size_t i = 0; i < parcel.triangles.size(); ++i) {
     const std::string names = plan.parcel[0].name + " " + plan.parcel[i + 1].name + " " + plan.parcel[i + 2].name;
     // As the corners go round, a triangle outside of a hollow parcel counts negative.
     const double area = parcel.clockwise ? parcel.triangles[i] : -parcel.triangles[i];
     text += format("  %-18s  %12.3f\n", names.c_str(), area);
   }
-  return text + format("  sum                 %12.3f m2, corners %s\n", parcel.area,
+  return text + format("  %-18s  %12.3f m2, corners %s\n", "sum", parcel.area,
                        parcel.clockwise ? "clockwise" : "counter-clockwise");
 }
 

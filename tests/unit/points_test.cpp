@@ -263,15 +263,16 @@ TEST(Points, InPlaceOperatorsReturnTheTarget) {
 
 TEST(Points, AnArgumentMayBeTheObjectItself) {
   Vector3 p(Point3(1.0, -2.0, 3.0));
-  p += p;
+  const Vector3& same = p;
+  p += same;
   EXPECT_TRUE(is(p, 2.0, -4.0, 6.0));
-  p *= p;
+  p *= same;
   EXPECT_TRUE(is(p, 4.0, 16.0, 36.0));
   p /= p[0];
   EXPECT_TRUE(is(p, 1.0, 4.0, 9.0));
-  p /= p;
+  p /= same;
   EXPECT_TRUE(is(p, 1.0, 1.0, 1.0));
-  p -= p;
+  p -= same;
   EXPECT_TRUE(is(p, 0.0, 0.0, 0.0));
 }
 
