@@ -36,6 +36,7 @@ public:
 
   double number(const std::string& kind) { return golden::random_double(bits_, kind); }
   int below(int n) { return bits_.below(n); }
+  int any_integer() { return static_cast<int>(static_cast<std::uint32_t>(bits_.next() >> 32)); }
   int between(int lowest, int highest) { return lowest + bits_.below(highest - lowest + 1); }
   // A multiple of 1/4096 in [lowest, highest).
   double fraction(double lowest, double highest) { return lowest + (highest - lowest) * (below(4096) * 0x1p-12); }
