@@ -1,10 +1,11 @@
 // alidade-golden: writes the golden files from the literal reference.
 //
-//     alidade-golden <directory>
+//     alidade-golden <directory>            writes the files
+//     alidade-golden --check <directory>    compares; of class B only the arguments, since results may be another
+//     libm's
 //
 // The library has no part in it: a golden file can therefore show that the library is wrong.
 
-#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -43,11 +44,17 @@ std::string case_line(const golden::Group& group, const generate::Request& reque
   return golden::format_case(c);
 }
 
-void write_group(const std::string& directory, const generate::Source& source) {
-  std::set<std::string> lines;  // sorted, each case once
+// Sorted, each case once.
+std::set<std::string> case_lines(const generate::Source& source) {
+  std::set<std::string> lines;
   for (const generate::Request& request : source.requests.list()) {
     lines.insert(case_line(source.group, request));
   }
+  return lines;
+}
+
+void write_group(const std::string& directory, const generate::Source& source) {
+  const std::set<std::string> lines = case_lines(source);
   std::ofstream file(directory + "/" + source.group.name + ".txt", std::ios::binary);
   file << "# alidade golden cases: " << source.group.about << ".\n"
        << "# Made from the literal reference by scripts/regenerate-golden; the format is described in README.md.\n"
@@ -61,11 +68,38 @@ void write_group(const std::string& directory, const generate::Source& source) {
   std::printf("%-14s %6zu cases\n", source.group.name, lines.size());
 }
 
+// What must be the same on every machine: all of a line, but of class B only the question.
+std::string portable_part(const std::string& line) { return line[0] == 'B' ? line.substr(0, line.find(" ->")) : line; }
+
+void check_group(const std::string& directory, const generate::Source& source) {
+  std::set<std::string> made;
+  for (const std::string& line : case_lines(source)) {
+    made.insert(portable_part(line));
+  }
+  const std::string name = directory + "/" + source.group.name + ".txt";
+  std::ifstream file(name);
+  std::set<std::string> kept;
+  for (std::string line; std::getline(file, line);) {
+    if (!line.empty() && line[0] != '#') {
+      kept.insert(portable_part(line));
+    }
+  }
+  for (const std::string& line : made) {
+    if (kept.count(line) == 0) {
+      throw std::runtime_error("not in " + name + ": " + line);
+    }
+  }
+  if (kept.size() != made.size()) {
+    throw std::runtime_error(name + " holds cases that are no longer made");
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::printf("usage: alidade-golden <directory>\n");
+  const bool check = argc == 3 && std::string(argv[1]) == "--check";
+  if (argc != 2 && !check) {
+    std::printf("usage: alidade-golden [--check] <directory>\n");
     return 1;
   }
   try {
@@ -73,7 +107,7 @@ int main(int argc, char** argv) {
     for (Source (*source)() :
          {coordinates, conversions, local_frames, angles, points, rectangles, lines, arcs, triads, covariances,
           matrices3, eigen, storage, products, operators, inversion, scalars, chi_square, tau}) {
-      write_group(argv[1], source());
+      (check ? check_group : write_group)(argv[argc - 1], source());
     }
   } catch (const std::exception& e) {
     std::printf("alidade-golden: %s\n", e.what());
