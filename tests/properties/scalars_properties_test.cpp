@@ -107,8 +107,9 @@ TEST(ScalarsDifferential, NeighbouringNumbers) {
     const auto pattern = static_cast<std::uint32_t>(inputs.word());
     float narrow = 0;
     std::memcpy(&narrow, &pattern, sizeof narrow);
-    const float direction =
-        inputs.below(4) == 0 ? std::numeric_limits<float>::quiet_NaN() : static_cast<float>(inputs.fraction());
+    const float directions[] = {static_cast<float>(inputs.fraction()), 0.0F, -0.0F,
+                                std::numeric_limits<float>::quiet_NaN()};
+    const float direction = directions[inputs.below(4)];
     ASSERT_TRUE(bits::same(nearest(narrow, direction), reference::step_float(narrow, direction)))
         << narrow << ' ' << direction;
   }
