@@ -215,7 +215,7 @@ Source conversions() {
     r.add('A', "Ellipsoid", Tokens().number(r.uniform(6e6, 7e6)).number(r.uniform(0.0, 0.1)));
     r.add_numbers('A', "Ellipsoid", 2, 1);
   }
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < 900; ++i) {
     r.add('B', "Coord::blh2xyz",
           Tokens().number(r.uniform(-1.5708, 1.5708)).number(r.uniform(-3.15, 6.29)).number(r.uniform(-500.0, 9000.0)));
   }
