@@ -10,7 +10,8 @@ function(alidade_strict_arithmetic target)
   else()
     target_compile_options(${target} PRIVATE -ffp-contract=off -fno-fast-math -fno-builtin-sin -fno-builtin-cos
                                              -fno-builtin-pow)
-    if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86|x86_64|AMD64|amd64)$" AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86|x86_64|AMD64|amd64)$" AND CMAKE_SIZEOF_VOID_P EQUAL 4
+       AND NOT EMSCRIPTEN) # which calls its processor x86
       target_compile_options(${target} PRIVATE -msse2 -mfpmath=sse)
     endif()
   endif()
