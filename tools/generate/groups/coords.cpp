@@ -373,6 +373,10 @@ Source angles() {
     r.add('A', "deg_to_dms", Tokens().number(r.between(-720, 720) / 60.0 + r.uniform(-3e-6, 3e-6)));
     r.add('A', "dms_to_deg", Tokens().integer(r.between(-1, 1)).integer(r.between(-1, 1)).number(r.number(r.kind())));
   }
+  for (int minutes = 0; minutes <= 60; ++minutes) {  // nothing added that could hide the product's last bit
+    r.add('A', "dms_to_deg", Tokens().integer(0).integer(minutes).number(0.0));
+    r.add('A', "dms_to_deg", Tokens().integer(0).integer(0).number(minutes));
+  }
   r.add_numbers('A', "deg_to_dms", 1, 80);
   return s;
 }

@@ -1,5 +1,7 @@
 #include "reference/points.h"
 
+#include <limits>
+
 #include "generate/requests.h"
 #include "reference/rectangles.h"
 
@@ -139,6 +141,17 @@ void write_four_times(Tokens& out, const Rectangle& r) {
   }
 }
 
+// Zeros of both signs, one and NaN: every tie and every comparison that a NaN decides.
+Tokens ties(Requests& r, int n) {
+  constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+  const double kValues[] = {0.0, -0.0, 0.0, -0.0, 1.0, kNan};
+  Tokens t;
+  for (int k = 0; k < n; ++k) {
+    t.number(kValues[r.below(6)]);
+  }
+  return t;
+}
+
 // Pairs of equal and nearly equal components for the comparisons.
 void add_comparisons(Requests& r, const std::string& function, int n, bool with_scalar) {
   for (int i = 0; i < 60; ++i) {
@@ -227,6 +240,11 @@ Source points() {
     add_comparisons(r, point + "==" + point, n, false);
     add_comparisons(r, point + "==v", n, true);
     r.add_numbers('A', point + "(v)", 1, 15);
+    for (int i = 0; i < 30; ++i) {
+      r.add('A', point + "::maximum", ties(r, 2 * n));
+      r.add('A', point + "::abs", ties(r, n));
+      r.add('A', point + "==" + point, ties(r, 2 * n));
+    }
   }
   for (const int v : {0, 1, -1, 2147483647, -2147483647 - 1, 123456}) {
     r.add('A', "Point2(CPoint)", Tokens().integer(v).integer(-(v / 2)));
@@ -358,6 +376,11 @@ Source rectangles() {
       }
       return t;
     };
+    r.add('A', "Rect&=Rect", ties(r, 8));
+    r.add('A', "Rect|=Rect", ties(r, 8));
+    r.add('A', "Rect::IsEmpty", ties(r, 4));
+    r.add('A', "Rect::Normalize", ties(r, 4));
+    r.add('A', "Rect::Contains(Point2)", ties(r, 6));
     r.add('A', "Rect::Contains(Point2)", lattice(6));
     r.add('A', "Rect::Contains(Rect)", lattice(8));
     r.add('A', "Rect&=Rect", lattice(8));
