@@ -2,7 +2,8 @@
 #define ALIDADE_TOOLS_GOLDEN_FUNCTIONS_H
 
 // The functions that golden cases name. alidade-verify binds each name to the library, the generator binds the same
-// name to the literal reference; both read the arguments of a case and write its results in the same order.
+// name to the literal reference; both read the arguments of a case and write its results in the same order. Where they
+// would do it in the same words, golden/cases/ holds the case once, for both.
 
 #include <vector>
 

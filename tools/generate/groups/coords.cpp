@@ -353,8 +353,7 @@ Source angles() {
                     }},
                    {"dms_to_deg",
                     [](Arguments& in, Tokens& out) {
-                      const int d = in.integer();
-                      const int m = in.integer();
+                      const auto [d, m] = in.integers<2>();
                       out.number(reference::dms_to_deg(d, m, in.number()));
                     }},
                }},

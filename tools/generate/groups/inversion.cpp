@@ -1,14 +1,12 @@
-#include "reference/inversion.h"
+#include "golden/cases/inversion.h"
 
+#include "generate/reference.h"
 #include "generate/requests.h"
-#include "golden/workload.h"
 
 namespace generate {
 namespace {
 
-using golden::Arguments;
 using golden::Tokens;
-using golden::Workload;
 
 const char* const kMatrixKinds[] = {"dense", "banded",    "blocks",   "signed",   "graded",     "huge",
                                     "small", "zeropivot", "negative", "nanpivot", "indefinite", "nasty"};
@@ -25,31 +23,7 @@ void add_inversion(Requests& r, int n, const std::string& kind) {
 }  // namespace
 
 Source inversion() {
-  Source s = {
-      {"inversion",
-       "inversion of normal matrices, pseudo-inverse",
-       {
-           {"RareInversion",
-            [](Arguments& in, Tokens& out) {
-              const int n = in.integer();
-              const int narrowed = in.integer();
-              int progress = in.integer();
-              const int span = in.integer();
-              Workload work(in);
-              std::vector<double> matrix = work.to_invert(n + narrowed);
-              out.integer(reference::rare_inversion(matrix.data(), n, progress < 0 ? nullptr : &progress, span));
-              out.integer(progress).hash(matrix);
-            }},
-           {"PseudoInversion",
-            [](Arguments& in, Tokens& out) {
-              const int n = in.integer();
-              const int defect = in.integer();
-              Workload work(in);
-              std::vector<double> matrix = work.to_invert(n);
-              out.integer(reference::pseudo_inversion(matrix.data(), n, defect)).integer(n).hash(matrix);
-            }},
-       }},
-      Requests(504)};
+  Source s = {golden::inversion<Reference>(), Requests(504)};
   Requests& r = s.requests;
   for (int n = 0; n <= 40; ++n) {
     for (const char* kind : kMatrixKinds) {

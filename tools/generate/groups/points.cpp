@@ -210,8 +210,7 @@ Source points() {
                    {"Point3(v)", V3::fill},
                    {"Point2(CPoint)",
                     [](Arguments& in, Tokens& out) {
-                      const int x = in.integer();
-                      const int y = in.integer();
+                      const auto [x, y] = in.integers<2>();
                       out.number(x).number(y);
                     }},
                    {"CPoint(Point2)",

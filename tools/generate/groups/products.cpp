@@ -1,15 +1,13 @@
-#include "reference/products.h"
+#include "golden/cases/products.h"
 
+#include "generate/reference.h"
 #include "generate/requests.h"
 #include "generate/sizes.h"
-#include "golden/workload.h"
 
 namespace generate {
 namespace {
 
-using golden::Arguments;
 using golden::Tokens;
-using golden::Workload;
 
 constexpr int kMostTerms = 60000;
 
@@ -98,109 +96,7 @@ void add_congruences(Requests& r) {
 }  // namespace
 
 Source products() {
-  Source s = {{"products",
-               "product kernels on bare buffers and the matrix members built on them",
-               {
-                   {"MatrixProduct",
-                    [](Arguments& in, Tokens& out) {
-                      const int n = in.integer();
-                      const int m = in.integer();
-                      const int k = in.integer();
-                      Workload work(in);
-                      const std::vector<double> a = work.dense(n, m);
-                      const std::vector<double> b = work.dense(m, k);
-                      std::vector<double> c = work.dense_target(n, k);
-                      reference::matrix_product(a.data(), b.data(), c.data(), n, m, k);
-                      out.hash(c);
-                    }},
-                   {"MAtB",
-                    [](Arguments& in, Tokens& out) {
-                      const int n = in.integer();
-                      const int m = in.integer();
-                      const int k = in.integer();
-                      Workload work(in);
-                      const std::vector<double> a = work.dense(n, m);
-                      const std::vector<double> b = work.dense(n, k);
-                      std::vector<double> c = work.dense_target(m, k);
-                      reference::transposed_product(a.data(), b.data(), c.data(), n, m, k);
-                      out.hash(c);
-                    }},
-                   {"SMatrProduct",
-                    [](Arguments& in, Tokens& out) {
-                      const int n = in.integer();
-                      const int m = in.integer();
-                      const int mode_a = in.integer();
-                      const int mode_b = in.integer();
-                      const int k = in.integer();
-                      Workload work(in);
-                      const std::vector<double> a = work.operand(n, m);
-                      const std::vector<double> b = work.operand(m, k);
-                      std::vector<double> c = work.dense_target(n, k);
-                      reference::mixed_product(a.data(), b.data(), c.data(), n, m, mode_a, mode_b, k);
-                      out.hash(c);
-                    }},
-                   {"SMatrProductAQAt",
-                    [](Arguments& in, Tokens& out) {
-                      const int n = in.integer();
-                      const int m = in.integer();
-                      const char op = in.code();
-                      Workload work(in);
-                      const std::vector<double> a = work.dense(n, m);
-                      const std::vector<double> q = work.packed(m);
-                      std::vector<double> c = work.packed_target(n);
-                      reference::congruence_product(a.data(), q.data(), c.data(), n, m, op);
-                      out.hash(c);
-                    }},
-                   {"MRAtQL",
-                    [](Arguments& in, Tokens& out) {
-                      const int n = in.integer();
-                      const int m = in.integer();
-                      const char op = in.code();
-                      Workload work(in);
-                      const std::vector<double> a = work.dense(n, m);
-                      const std::vector<double> q = work.packed(n);
-                      const std::vector<double> l = work.dense(n, 1);
-                      std::vector<double> vector = work.dense_target(m, 1);
-                      reference::transposed_congruence_vector(vector.data(), op, a.data(), q.data(), l.data(), n, m);
-                      out.hash(vector);
-                    }},
-                   // The members pass fixed arguments to the kernels, whatever operation code they are given.
-                   {"TSMatrix::A_This_At",
-                    [](Arguments& in, Tokens& out) {
-                      const int n = in.integer();
-                      const int m = in.integer();
-                      Workload work(in);
-                      const std::vector<double> a = work.dense(n, m);
-                      const std::vector<double> q = work.packed(m);
-                      std::vector<double> c = work.packed_target(n);
-                      reference::congruence_product(a.data(), q.data(), c.data(), n, m, '\0');
-                      out.hash(c);
-                    }},
-                   {"TSMatrix::MatrProduct(column)",
-                    [](Arguments& in, Tokens& out) {
-                      const int n = in.integer();
-                      in.code();
-                      Workload work(in);
-                      const std::vector<double> packed = work.packed(n);
-                      const std::vector<double> b = work.dense(n, 1);
-                      std::vector<double> p = work.dense_target(n, 1);
-                      reference::mixed_product(packed.data(), b.data(), p.data(), n, n, 1, 0, 1);
-                      out.hash(p);
-                    }},
-                   {"TSMatrix::MatrProduct(TMatrix)",
-                    [](Arguments& in, Tokens& out) {
-                      const int n = in.integer();
-                      const int k = in.integer();
-                      in.code();
-                      Workload work(in);
-                      const std::vector<double> packed = work.packed(n);
-                      const std::vector<double> b = work.dense(n, k);
-                      std::vector<double> p = work.dense_target(n, k);
-                      reference::mixed_product(packed.data(), b.data(), p.data(), n, n, 1, 0, k);
-                      out.hash(p);
-                    }},
-               }},
-              Requests(502)};
+  Source s = {golden::products<Reference>(), Requests(502)};
   Requests& r = s.requests;
   add_products(r, "MatrixProduct");
   add_products(r, "MAtB");

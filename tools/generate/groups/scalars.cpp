@@ -10,22 +10,6 @@ using golden::Tokens;
 
 constexpr int kListed = 20;
 
-struct Integers {
-  int count;
-  int v[kListed];
-  explicit Integers(Arguments& in) : count(in.integer()) {
-    for (int& value : v) {
-      value = in.integer();
-    }
-  }
-};
-
-struct Numbers {
-  int count;
-  double v[kListed];
-  explicit Numbers(Arguments& in) : count(in.integer()) { in.numbers(v, kListed); }
-};
-
 // Neither argument is changed: the second result is always 1.
 template <int width, bool negative_rotates>
 void rotate(Arguments& in, Tokens& out) {
@@ -41,23 +25,23 @@ Source scalars() {
                {
                    {"min1",
                     [](Arguments& in, Tokens& out) {
-                      const Integers l(in);
-                      out.integer(reference::least(l.count, l.v));
+                      const int count = in.integer();
+                      out.integer(reference::least(count, in.integers<kListed>().data()));
                     }},
                    {"max1",
                     [](Arguments& in, Tokens& out) {
-                      const Integers l(in);
-                      out.integer(reference::greatest(l.count, l.v));
+                      const int count = in.integer();
+                      out.integer(reference::greatest(count, in.integers<kListed>().data()));
                     }},
                    {"amin1",
                     [](Arguments& in, Tokens& out) {
-                      const Numbers l(in);
-                      out.number(reference::least(l.count, l.v));
+                      const int count = in.integer();
+                      out.number(reference::least(count, in.numbers<kListed>().data()));
                     }},
                    {"amax1",
                     [](Arguments& in, Tokens& out) {
-                      const Numbers l(in);
-                      out.number(reference::greatest(l.count, l.v));
+                      const int count = in.integer();
+                      out.number(reference::greatest(count, in.numbers<kListed>().data()));
                     }},
                    {"power(double)",
                     [](Arguments& in, Tokens& out) {

@@ -46,8 +46,7 @@ Source tau() {
        {
            {"TAU",
             [](Arguments& in, Tokens& out) {
-              const int n = in.integer();
-              const int f = in.integer();
+              const auto [n, f] = in.integers<2>();
               out.number(reference::tau(n, f, in.number()));
             }},
            {"RmsToKnown", [](Arguments& in, Tokens& out) { out.integer(reference::accuracy_class(in.number())); }},

@@ -101,9 +101,7 @@ Source storage() {
             }},
            {"LOC1",
             [](Arguments& in, Tokens& out) {
-              const int i = in.integer();
-              const int j = in.integer();
-              const int n = in.integer();
+              const auto [i, j, n] = in.integers<3>();
               in.integer();  // the number of columns is never looked at
               out.integer(reference::locate(i, j, n, in.integer()));
             }},
@@ -115,15 +113,13 @@ Source storage() {
             }},
            {"TMatrix(n1,n2,0)",
             [](Arguments& in, Tokens& out) {
-              const int n1 = in.integer();
-              const int n2 = in.integer();
+              const auto [n1, n2] = in.integers<2>();
               const std::vector<double> zeros(golden::area(n1, n2), 0.0);
               out.integer(n1).integer(n2).integer(static_cast<int>(zeros.size())).hash(zeros);
             }},
            {"TSMatrix::SetDim1",
             [](Arguments& in, Tokens& out) {
-              const int n = in.integer();
-              const int requested = in.integer();
+              const auto [n, requested] = in.integers<2>();
               const int active = requested <= n ? requested : n;
               out.integer(active).integer(n).integer(static_cast<int>(golden::triangle(active))).integer(n);
             }},
@@ -146,16 +142,13 @@ Source storage() {
             }},
            {"TMatrix(TMatrix)",
             [](Arguments& in, Tokens& out) {
-              const int rows = in.integer();
-              const int cols = in.integer();
+              const auto [rows, cols] = in.integers<2>();
               Workload work(in);
               out.integer(rows).integer(cols).hash(first(work.dense_target(rows, cols), golden::area(rows, cols)));
             }},
            {"TSMatrix=int",
             [](Arguments& in, Tokens& out) {
-              const int order = in.integer();
-              const int active = in.integer();
-              const int v = in.integer();
+              const auto [order, active, v] = in.integers<3>();
               Workload work(in);
               std::vector<double> matrix = work.packed_target(order);
               for (std::size_t k = 0; v == 0 && k < golden::triangle(active); ++k) {
@@ -165,9 +158,7 @@ Source storage() {
             }},
            {"TMatrix=int",
             [](Arguments& in, Tokens& out) {
-              const int rows = in.integer();
-              const int cols = in.integer();
-              const int v = in.integer();
+              const auto [rows, cols, v] = in.integers<3>();
               Workload work(in);
               std::vector<double> matrix = work.dense_target(rows, cols);
               for (std::size_t k = 0; v == 0 && k < golden::area(rows, cols); ++k) {
@@ -177,8 +168,7 @@ Source storage() {
             }},
            {"TSMatrix*=f",
             [](Arguments& in, Tokens& out) {
-              const int order = in.integer();
-              const int active = in.integer();
+              const auto [order, active] = in.integers<2>();
               const double f = in.number();
               Workload work(in);
               std::vector<double> matrix = work.packed_target(order);
@@ -189,8 +179,7 @@ Source storage() {
             }},
            {"TMatrix*=f",
             [](Arguments& in, Tokens& out) {
-              const int rows = in.integer();
-              const int cols = in.integer();
+              const auto [rows, cols] = in.integers<2>();
               const double f = in.number();
               Workload work(in);
               std::vector<double> matrix = work.dense_target(rows, cols);

@@ -224,8 +224,7 @@ golden::Group angles() {
                }},
               {"dms_to_deg",
                [](Arguments& in, Tokens& out) {
-                 const int d = in.integer();
-                 const int m = in.integer();
+                 const auto [d, m] = in.integers<2>();
                  const double s = in.number();
                  out.number(dms_to_deg(d, m, s));
                }},

@@ -91,8 +91,7 @@ golden::Group covariances() {
           {
               {"covar::LinearIndex",
                [](Arguments& in, Tokens& out) {
-                 const int i = in.integer();
-                 const int j = in.integer();
+                 const auto [i, j] = in.integers<2>();
                  out.integer(covar::LinearIndex(i, j));
                }},
               {"covar(triad)", [](Arguments& in, Tokens& out) { write(out, covar(read_triad(in))); }},
@@ -153,8 +152,7 @@ golden::Group matrices3() {
           {
               {"matr3_3::Index",
                [](Arguments& in, Tokens& out) {
-                 const int i = in.integer();
-                 const int j = in.integer();
+                 const auto [i, j] = in.integers<2>();
                  out.integer(matr3_3::Index(i, j));
                }},
               {"matr3_3(covar)", [](Arguments& in, Tokens& out) { write(out, matr3_3(read_covar(in))); }},

@@ -172,8 +172,7 @@ golden::Group points() {
               {"Point3(v)", Vector<3>::fill},
               {"Point2(CPoint)",
                [](Arguments& in, Tokens& out) {
-                 const int x = in.integer();
-                 const int y = in.integer();
+                 const auto [x, y] = in.integers<2>();
                  Vector<2>::write(out, Point2(CPoint(x, y)));
                }},
               {"CPoint(Point2)",
@@ -196,10 +195,7 @@ golden::Group rectangles() {
                }},
               {"Rect(CRect)",
                [](Arguments& in, Tokens& out) {
-                 const int left = in.integer();
-                 const int top = in.integer();
-                 const int right = in.integer();
-                 const int bottom = in.integer();
+                 const auto [left, top, right, bottom] = in.integers<4>();
                  write(out, Rect(CRect(left, top, right, bottom)));
                }},
               {"CRect(Rect)", [](Arguments& in, Tokens& out) { write(out, static_cast<CRect>(read_rect(in))); }},

@@ -1,5 +1,7 @@
 #include <alidade/matrix.h>
 
+#include <tuple>
+
 #include "verify/groups/groups.h"
 
 namespace verify {
@@ -11,26 +13,9 @@ using golden::Tokens;
 // A counted list is always passed with this many values; the count says how many of them are looked at.
 constexpr int kListed = 20;
 
-struct Integers {
-  int count;
-  int v[kListed];
-  explicit Integers(Arguments& in) : count(in.integer()) {
-    for (int& value : v) {
-      value = in.integer();
-    }
-  }
-};
-
-struct Numbers {
-  int count;
-  double v[kListed];
-  explicit Numbers(Arguments& in) : count(in.integer()) { in.numbers(v, kListed); }
-};
-
 template <class Function, class List>
-auto call(Function function, const List& l) {
-  return function(l.count, l.v[0], l.v[1], l.v[2], l.v[3], l.v[4], l.v[5], l.v[6], l.v[7], l.v[8], l.v[9], l.v[10],
-                  l.v[11], l.v[12], l.v[13], l.v[14], l.v[15], l.v[16], l.v[17], l.v[18], l.v[19]);
+auto call(Function function, int count, const List& list) {
+  return std::apply([&](auto... values) { return function(count, values...); }, list);
 }
 
 template <class Integer>
@@ -48,10 +33,26 @@ golden::Group scalars() {
   return {"scalars",
           "counted extremes, powers, signs, rotations, neighbouring numbers",
           {
-              {"min1", [](Arguments& in, Tokens& out) { out.integer(call(min1, Integers(in))); }},
-              {"max1", [](Arguments& in, Tokens& out) { out.integer(call(max1, Integers(in))); }},
-              {"amin1", [](Arguments& in, Tokens& out) { out.number(call(amin1, Numbers(in))); }},
-              {"amax1", [](Arguments& in, Tokens& out) { out.number(call(amax1, Numbers(in))); }},
+              {"min1",
+               [](Arguments& in, Tokens& out) {
+                 const int count = in.integer();
+                 out.integer(call(min1, count, in.integers<kListed>()));
+               }},
+              {"max1",
+               [](Arguments& in, Tokens& out) {
+                 const int count = in.integer();
+                 out.integer(call(max1, count, in.integers<kListed>()));
+               }},
+              {"amin1",
+               [](Arguments& in, Tokens& out) {
+                 const int count = in.integer();
+                 out.number(call(amin1, count, in.numbers<kListed>()));
+               }},
+              {"amax1",
+               [](Arguments& in, Tokens& out) {
+                 const int count = in.integer();
+                 out.number(call(amax1, count, in.numbers<kListed>()));
+               }},
               {"power(double)",
                [](Arguments& in, Tokens& out) {
                  const double x = in.number();

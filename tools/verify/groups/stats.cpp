@@ -13,14 +13,12 @@ golden::Group chi_square() {
           {
               {"CHI_1SDE",
                [](Arguments& in, Tokens& out) {
-                 const int level = in.integer();
-                 const int df = in.integer();
+                 const auto [level, df] = in.integers<2>();
                  out.number(CHI_1SDE(level, df));
                }},
               {"CHI_2SDE",
                [](Arguments& in, Tokens& out) {
-                 const int level = in.integer();
-                 const int df = in.integer();
+                 const auto [level, df] = in.integers<2>();
                  float bounds[2] = {-1, -1};
                  CHI_2SDE(level, df, bounds);
                  out.number(bounds[0]).number(bounds[1]);
@@ -34,8 +32,7 @@ golden::Group tau() {
           {
               {"TAU",
                [](Arguments& in, Tokens& out) {
-                 const int n = in.integer();
-                 const int f = in.integer();
+                 const auto [n, f] = in.integers<2>();
                  const double alpha = in.number();
                  out.number(TAU(n, f, alpha));
                }},

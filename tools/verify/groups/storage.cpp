@@ -49,16 +49,12 @@ golden::Group storage() {
           {
               {"TSMatrix::LinearIndex",
                [](Arguments& in, Tokens& out) {
-                 const int i = in.integer();
-                 const int j = in.integer();
+                 const auto [i, j] = in.integers<2>();
                  out.integer(TSMatrix::LinearIndex(i, j));
                }},
               {"LOC1",
                [](Arguments& in, Tokens& out) {
-                 const int i = in.integer();
-                 const int j = in.integer();
-                 const int n = in.integer();
-                 const int m = in.integer();
+                 const auto [i, j, n, m] = in.integers<4>();
                  out.integer(LOC1(i, j, n, m, in.integer()));
                }},
               {"TSMatrix(n,0)",
@@ -71,8 +67,7 @@ golden::Group storage() {
                }},
               {"TMatrix(n1,n2,0)",
                [](Arguments& in, Tokens& out) {
-                 const int n1 = in.integer();
-                 const int n2 = in.integer();
+                 const auto [n1, n2] = in.integers<2>();
                  const TMatrix t(n1, n2, 0);
                  out.integer(t.GetN1()).integer(t.GetN2()).integer(t.GetDimension());
                  out.hash(std::vector<double>(static_cast<const double*>(t),
@@ -89,18 +84,15 @@ golden::Group storage() {
                }},
               {"TMatrix::SetDimension",
                [](Arguments& in, Tokens& out) {
-                 const int n1 = in.integer();
-                 const int n2 = in.integer();
+                 const auto [n1, n2] = in.integers<2>();
                  TMatrix t(n1, n2, 0);
-                 const int new1 = in.integer();
-                 const int new2 = in.integer();
+                 const auto [new1, new2] = in.integers<2>();
                  t.SetDimension(new1, new2);
                  out.integer(t.GetN1()).integer(t.GetN2()).integer(t.GetDimension()).integer(t.Index(1, 2));
                }},
               {"TSMatrix(TSMatrix)",
                [](Arguments& in, Tokens& out) {
-                 const int order = in.integer();
-                 const int active = in.integer();
+                 const auto [order, active] = in.integers<2>();
                  Workload work(in);
                  std::vector<double> matrix = work.packed_target(order);
                  TSMatrix s(matrix.data(), order);
@@ -112,8 +104,7 @@ golden::Group storage() {
                }},
               {"TMatrix(TMatrix)",
                [](Arguments& in, Tokens& out) {
-                 const int rows = in.integer();
-                 const int cols = in.integer();
+                 const auto [rows, cols] = in.integers<2>();
                  Workload work(in);
                  std::vector<double> matrix = work.dense_target(rows, cols);
                  TMatrix t(matrix.data(), rows, cols);
@@ -124,9 +115,7 @@ golden::Group storage() {
                }},
               {"TSMatrix=int",
                [](Arguments& in, Tokens& out) {
-                 const int order = in.integer();
-                 const int active = in.integer();
-                 const int v = in.integer();
+                 const auto [order, active, v] = in.integers<3>();
                  Workload work(in);
                  std::vector<double> matrix = work.packed_target(order);
                  TSMatrix s(matrix.data(), order);
@@ -136,9 +125,7 @@ golden::Group storage() {
                }},
               {"TMatrix=int",
                [](Arguments& in, Tokens& out) {
-                 const int rows = in.integer();
-                 const int cols = in.integer();
-                 const int v = in.integer();
+                 const auto [rows, cols, v] = in.integers<3>();
                  Workload work(in);
                  std::vector<double> matrix = work.dense_target(rows, cols);
                  TMatrix t(matrix.data(), rows, cols);
@@ -147,8 +134,7 @@ golden::Group storage() {
                }},
               {"TSMatrix*=f",
                [](Arguments& in, Tokens& out) {
-                 const int order = in.integer();
-                 const int active = in.integer();
+                 const auto [order, active] = in.integers<2>();
                  const double f = in.number();
                  Workload work(in);
                  std::vector<double> matrix = work.packed_target(order);
@@ -159,8 +145,7 @@ golden::Group storage() {
                }},
               {"TMatrix*=f",
                [](Arguments& in, Tokens& out) {
-                 const int rows = in.integer();
-                 const int cols = in.integer();
+                 const auto [rows, cols] = in.integers<2>();
                  const double f = in.number();
                  Workload work(in);
                  std::vector<double> matrix = work.dense_target(rows, cols);
