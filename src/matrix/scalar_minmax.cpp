@@ -1,22 +1,34 @@
 #include <alidade/matrix.h>
 
 #include <cstdarg>
+#include <functional>
 
 #include "strict_arithmetic.h"
 
 // Minimum and maximum of a counted list of arguments. The second value is read whatever the count says. The running
 // result gives way only to a value that compares beyond it, so it stays on ties and against a NaN.
 
+namespace {
+
+// `values` holds the arguments from the second one on; the caller ends it.
+template <class Value, class Beyond>
+Value extreme(int n, Value first, std::va_list values, Beyond beyond) {
+  Value result = first;
+  int read = 1;
+  do {
+    const Value value = va_arg(values, Value);
+    result = beyond(value, result) ? value : result;
+    ++read;
+  } while (read < n);
+  return result;
+}
+
+}  // namespace
+
 int min1(int n, int a1, ...) {
   std::va_list values;
   va_start(values, a1);
-  int least = a1;
-  int read = 1;
-  do {
-    const int value = va_arg(values, int);
-    least = value < least ? value : least;
-    ++read;
-  } while (read < n);
+  const int least = extreme(n, a1, values, std::less<>());
   va_end(values);
   return least;
 }
@@ -24,13 +36,7 @@ int min1(int n, int a1, ...) {
 int max1(int n, int a1, ...) {
   std::va_list values;
   va_start(values, a1);
-  int greatest = a1;
-  int read = 1;
-  do {
-    const int value = va_arg(values, int);
-    greatest = value > greatest ? value : greatest;
-    ++read;
-  } while (read < n);
+  const int greatest = extreme(n, a1, values, std::greater<>());
   va_end(values);
   return greatest;
 }
@@ -38,13 +44,7 @@ int max1(int n, int a1, ...) {
 double amin1(int n, double a1, ...) {
   std::va_list values;
   va_start(values, a1);
-  double least = a1;
-  int read = 1;
-  do {
-    const double value = va_arg(values, double);
-    least = value < least ? value : least;
-    ++read;
-  } while (read < n);
+  const double least = extreme(n, a1, values, std::less<>());
   va_end(values);
   return least;
 }
@@ -52,13 +52,7 @@ double amin1(int n, double a1, ...) {
 double amax1(int n, double a1, ...) {
   std::va_list values;
   va_start(values, a1);
-  double greatest = a1;
-  int read = 1;
-  do {
-    const double value = va_arg(values, double);
-    greatest = value > greatest ? value : greatest;
-    ++read;
-  } while (read < n);
+  const double greatest = extreme(n, a1, values, std::greater<>());
   va_end(values);
   return greatest;
 }
