@@ -1,5 +1,7 @@
 #include "reference/coords.h"
 
+#include <cmath>
+
 #include "generate/requests.h"
 
 namespace generate {
@@ -59,6 +61,20 @@ Tokens position(Requests& r) {
   double xyz[3];
   reference::blh2xyz(blh, xyz);
   return Tokens().numbers(xyz, 3);
+}
+
+// A latitude at which it shows how e^2 sin^2 is associated: about one in two thousand.
+double telling_latitude(Requests& r) {
+  const reference::EllipsoidFields ellipsoid = reference::default_ellipsoid();
+  for (;;) {
+    const double latitude = r.uniform(-1.5708, 1.5708);
+    const double s = std::sin(latitude);
+    const double left = ellipsoid.a / std::sqrt(1.0 - (ellipsoid.e2 * s) * s);
+    const double right = ellipsoid.a / std::sqrt(1.0 - ellipsoid.e2 * (s * s));
+    if (left != right) {
+      return latitude;
+    }
+  }
 }
 
 // Positions where a branch is taken: poles, the axis and its threshold, the centre, the equator, quadrants.
@@ -218,6 +234,9 @@ Source conversions() {
   for (int i = 0; i < 900; ++i) {
     r.add('B', "Coord::blh2xyz",
           Tokens().number(r.uniform(-1.5708, 1.5708)).number(r.uniform(-3.15, 6.29)).number(r.uniform(-500.0, 9000.0)));
+  }
+  for (int i = 0; i < 6; ++i) {
+    r.add('B', "Coord::blh2xyz", Tokens().number(telling_latitude(r)).number(r.uniform(0.0, 6.28)).number(0.0));
   }
   r.add_numbers('B', "Coord::blh2xyz", 3, 60);
   for (const auto& p : kSpecialPositions) {

@@ -93,6 +93,14 @@ Source scalars() {
                                                                : "nasty",
                                                    kListed)));
   }
+  for (int i = 0; i < 40; ++i) {  // zeros of both signs: the first of equals is kept
+    Tokens zeros;
+    zeros.integer(r.between(2, kListed));
+    for (int k = 0; k < kListed; ++k) {
+      zeros.number(r.below(2) == 0 ? 0.0 : -0.0);
+    }
+    r.add('A', i % 2 == 0 ? "amin1" : "amax1", zeros);
+  }
   for (int n = -34; n <= 34; ++n) {
     for (const double x : {2.0, -1.5, 0.0, -0.0, 1.0000001, 10.0}) {
       r.add('B', "power(double)", Tokens().number(x).integer(n));
