@@ -31,7 +31,9 @@ Source chi_square() {
       r.add('A', "CHI_1SDE", Tokens().integer(level).integer(df));
       r.add('A', "CHI_2SDE", Tokens().integer(level).integer(df));
     }
-    for (const int df : {127, 200, 365, 1000, 4095, 10000, 65536, 1000000, 2147483647, -2147483647}) {
+    // The last three tell the order of the factors and of the sum through the conversion to float.
+    for (const int df : {127, 200, 365, 1000, 4095, 10000, 65536, 1000000, 2147483647, -2147483647, 1103780032,
+                         1900584757, 262482957}) {
       r.add('A', "CHI_1SDE", Tokens().integer(level).integer(df));
       r.add('A', "CHI_2SDE", Tokens().integer(level).integer(df));
     }
