@@ -18,13 +18,21 @@ namespace ALIDADE_ISA {
 #include "matrix/kernels/tile.h"
 #include "matrix/kernels/pack.h"
 #include "matrix/kernels/product.h"
+#include "matrix/kernels/inversion.h"
 // clang-format on
 
 #define ALIDADE_QUOTE(name) #name
 #define ALIDADE_NAME_OF(name) ALIDADE_QUOTE(name)
 
-const Kernels table = {ALIDADE_NAME_OF(ALIDADE_ISA), product, product_of_product, transposed_congruence,
-                       symmetrized_product,          nullptr};
+const Kernels table = {ALIDADE_NAME_OF(ALIDADE_ISA),
+                       product,
+                       product_of_product,
+                       transposed_congruence,
+                       symmetrized_product,
+                       factor_columns,
+                       invert_rows,
+                       starts_from_negative_zero,
+                       multiply_rows};
 
 }  // namespace ALIDADE_ISA
 }  // namespace kernels

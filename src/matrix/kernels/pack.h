@@ -16,7 +16,7 @@ ALIDADE_INLINE std::ptrdiff_t packed_row(std::ptrdiff_t i) { return i * (i + 1) 
 ALIDADE_INLINE Walk packed_rows(const double* packed, std::ptrdiff_t i, std::ptrdiff_t column) {
   return {packed + packed_row(i) + column, i + 1, 1};
 }
-ALIDADE_INLINE TargetWalk packed_rows(double* packed, std::ptrdiff_t i, std::ptrdiff_t column) {
+ALIDADE_INLINE TargetWalk target_rows(double* packed, std::ptrdiff_t i, std::ptrdiff_t column) {
   return {packed + packed_row(i) + column, i + 1, 1};
 }
 

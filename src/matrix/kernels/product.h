@@ -8,7 +8,7 @@ struct Block {
 };
 
 ALIDADE_INLINE TargetWalk target_lines(const Target& target, std::ptrdiff_t line, std::ptrdiff_t lane) {
-  return target.triangle ? packed_rows(target.data, line, lane)
+  return target.triangle ? target_rows(target.data, line, lane)
                          : TargetWalk{target.data + lane + line * target.ld, target.ld, 0};
 }
 

@@ -2,6 +2,7 @@
 #define ALIDADE_SRC_MATRIX_KERNELS_WALK_H
 
 #include <cstddef>
+#include <cstdint>
 
 #include "strict_arithmetic.h"
 
@@ -53,6 +54,22 @@ struct Mode {
   bool negate;  // subtract the products
 };
 
+// Order of the blocks that an inversion works in.
+constexpr std::ptrdiff_t kInversionBlock = 32;
+
+// Where a packed matrix may have nonzeros: bit c of words[r] stands for the elements of rows r * chunk ... and columns
+// c * chunk ..., chunk of each. Bits are set before the elements become nonzero and never cleared.
+struct Sparsity {
+  std::ptrdiff_t chunk;
+  std::uint64_t words[64];
+};
+
+struct FactorResult {
+  std::ptrdiff_t finished;  // columns; fewer than asked for when the next pivot was not positive
+  bool done;                // false: nothing has been changed, the plain loops have to do this block
+  bool usual;               // false: done, but the plain loops have to do everything that follows
+};
+
 // The kernels of one instruction set. `a` supplies element (lane, term), `b` element (term, line) of every product.
 struct Kernels {
   const char* name;
@@ -67,8 +84,16 @@ struct Kernels {
   // Packed target of order rows (+)= a b' + b a'; the two products of a term are added first.
   void (*symmetrized_product)(double* target, const double* a, const double* b, std::ptrdiff_t rows,
                               std::ptrdiff_t columns, Mode mode);
-  // invert_normal_matrix of matrix/inversion.h.
-  int (*invert)(double* packed, int n, int* progress, int span);
+  // The phases of invert_normal_matrix for one block of columns or rows, first ... end - 1, all before it being done.
+  // No infinity, NaN or -0.0 may be in the matrix. `sizes` holds a bound of the absolute values in each row of X.
+  FactorResult (*factor_columns)(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
+                                 Sparsity& sparsity);
+  // False: an overflow is possible; nothing has been changed, the plain loops have to do this block.
+  bool (*invert_rows)(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, Sparsity& sparsity, double* sizes);
+  // Is one of the first contributions to row k of the product -0.0, so that the plain loops have to form it?
+  bool (*starts_from_negative_zero)(const double* packed, std::ptrdiff_t k);
+  void (*multiply_rows)(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
+                        const Sparsity& sparsity);
 };
 
 }  // namespace kernels

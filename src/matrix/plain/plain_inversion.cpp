@@ -47,12 +47,14 @@ void finish_factor_column(double* matrix, std::ptrdiff_t n, std::ptrdiff_t k, do
   }
 }
 
+}  // namespace
+
 // N = L L', column by column, each from the finished ones to its left. Row i of the packed triangle holds what column k
 // needs of it, so the sums run along rows. The diagonal keeps 1 / l(k, k).
-int factorise(double* matrix, std::ptrdiff_t n, InversionProgress& progress) {
+int factorise(double* matrix, std::ptrdiff_t n, std::ptrdiff_t first, const InversionProgress& progress) {
   std::vector<Entry> entries;
   entries.reserve(static_cast<std::size_t>(n));
-  for (std::ptrdiff_t k = 0; k < n; ++k) {
+  for (std::ptrdiff_t k = first; k < n; ++k) {
     progress.start_factor_row(k + 1);
     double* row = matrix + packed_size(k);
     collect_nonzeros(row, k, entries);
@@ -71,9 +73,9 @@ int factorise(double* matrix, std::ptrdiff_t n, InversionProgress& progress) {
 }
 
 // X = inverse of L, row by row in place: row k is a combination of the rows above it.
-void invert_factor(double* matrix, std::ptrdiff_t n, InversionProgress& progress) {
-  std::vector<double> work(static_cast<std::size_t>(n));
-  for (std::ptrdiff_t k = 1; k < n; ++k) {
+void invert_factor(double* matrix, std::ptrdiff_t first, std::ptrdiff_t end, const InversionProgress& progress) {
+  std::vector<double> work(static_cast<std::size_t>(end));
+  for (std::ptrdiff_t k = std::max<std::ptrdiff_t>(first, 1); k < end; ++k) {
     progress.start_inverse_row(k + 1);
     double* row = matrix + packed_size(k);
     clear(work.data(), k);
@@ -88,7 +90,7 @@ void invert_factor(double* matrix, std::ptrdiff_t n, InversionProgress& progress
 
 // X' X in place: row m of X is used up by the outer product that it adds to the rows above, then scaled into the
 // first contribution to its own row.
-void multiply_by_transpose(double* matrix, std::ptrdiff_t n, InversionProgress& progress) {
+void multiply_by_transpose(double* matrix, std::ptrdiff_t n, const InversionProgress& progress) {
   for (std::ptrdiff_t m = 0; m < n; ++m) {
     double* row = matrix + packed_size(m);
     for (std::ptrdiff_t p = 0; p < m; ++p) {
@@ -104,18 +106,16 @@ void multiply_by_transpose(double* matrix, std::ptrdiff_t n, InversionProgress& 
   }
 }
 
-}  // namespace
-
 int invert_normal_matrix(double* packed, int n, int* progress, int span) {
   if (n < 1) {
     return 0;
   }
-  InversionProgress report(progress, span, n);
-  const int failed = factorise(packed, n, report);
+  const InversionProgress report(progress, span, n);
+  const int failed = factorise(packed, n, 0, report);
   if (failed != 0) {
     return failed;
   }
-  invert_factor(packed, n, report);
+  invert_factor(packed, 0, n, report);
   multiply_by_transpose(packed, n, report);
   return 0;
 }

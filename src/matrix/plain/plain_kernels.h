@@ -7,6 +7,9 @@
 // Every element receives its terms in the documented order. The loops around the elements are arranged so that the
 // innermost one runs over independent elements, or over consecutive addresses, or both.
 
+#include <cstddef>
+
+#include "matrix/inversion_progress.h"
 #include "strict_arithmetic.h"
 
 namespace alidade::plain {
@@ -31,6 +34,12 @@ void op_dense_symmetric_transposed(double* t, char op, const double* r1, int a, 
                                    int c, int b);
 void op_dense_dense_transposed(double* t, char op, const double* r1, int a, const double* r2, int b, const double* r3,
                                int d, int c);
+
+// The three phases of the inversion, so that other kernels may leave a rest to the plain loops: columns first ... n - 1
+// of the factor, rows first ... end - 1 of its inverse, and the product. factorise returns like invert_normal_matrix.
+int factorise(double* matrix, std::ptrdiff_t n, std::ptrdiff_t first, const InversionProgress& progress);
+void invert_factor(double* matrix, std::ptrdiff_t first, std::ptrdiff_t end, const InversionProgress& progress);
+void multiply_by_transpose(double* matrix, std::ptrdiff_t n, const InversionProgress& progress);
 
 int invert_normal_matrix(double* packed, int n, int* progress, int span);
 

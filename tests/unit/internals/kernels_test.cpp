@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "bits.h"
+#include "inversion_cases.h"
 #include "matrix/kernels/dispatch.h"
 #include "nasty.h"
 #include "operator_cases.h"
@@ -43,6 +44,32 @@ TEST_P(Kernels, CongruenceProducts) { product_cases::compare_congruence_products
 TEST_P(Kernels, OperatorsOnSmallShapes) { operator_cases::compare_small(); }
 TEST_P(Kernels, OperatorsOnLargeShapes) { operator_cases::compare_large(); }
 TEST_P(Kernels, OperatorsOnNegativeSizes) { operator_cases::compare_negative(); }
+
+TEST_P(Kernels, DefiniteMatrices) { inversion_cases::compare_definite(); }
+TEST_P(Kernels, FailingPivots) { inversion_cases::compare_failures(); }
+TEST_P(Kernels, SemidefiniteMatrices) { inversion_cases::compare_semidefinite(); }
+TEST_P(Kernels, MatricesWithSpecialValues) { inversion_cases::compare_special(); }
+TEST_P(Kernels, ScaledMatrices) { inversion_cases::compare_scaled(); }
+TEST_P(Kernels, OverflowingChains) { inversion_cases::compare_overflowing_chain(); }
+TEST_P(Kernels, InversionProgress) { inversion_cases::compare_progress(); }
+TEST_P(Kernels, PseudoInversion) { inversion_cases::compare_pseudo(); }
+
+// Beyond the sizes that all tests share: several blocks of terms, chunks of the sparsity of more than one grain.
+TEST_P(Kernels, LargeMatrices) {
+  for (int n : {257, 300, 520}) {
+    nasty::Random random(static_cast<std::uint64_t>(n));
+    for (normal_matrices::Structure structure : normal_matrices::kAllStructures) {
+      std::vector<double> matrix = normal_matrices::definite(structure, n, random);
+      EXPECT_EQ(inversion_cases::compare(matrix, n, 0, 99, "large"), 0);
+    }
+    std::vector<double> failing = normal_matrices::definite(normal_matrices::Structure::kDense, n, random);
+    failing[normal_matrices::at(n - 40, n - 40)] = -1.0;
+    EXPECT_EQ(inversion_cases::compare(failing, n, 0, 99, "large and failing"), n - 39);
+  }
+  nasty::Random random(1100);
+  const std::vector<double> banded = normal_matrices::definite(normal_matrices::Structure::kBanded, 1100, random);
+  EXPECT_EQ(inversion_cases::compare(banded, 1100, 0, 99, "large and banded"), 0);
+}
 
 // Runs one function of the library on every instruction set and compares with one run of the reference.
 template <class Tested, class Reference>
