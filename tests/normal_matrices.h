@@ -41,21 +41,45 @@ inline bool present(Structure structure, int i, int j, int n, nasty::Random& ran
   return false;
 }
 
-// Positive definite through a dominant diagonal. Absent elements are zeros of either sign.
-inline std::vector<double> definite(Structure structure, int n, nasty::Random& random) {
-  std::vector<double> matrix(count(n));
+// What stands for an absent element. One -0.0 sends a whole inversion to the plain loops, so both are needed.
+enum class Zeros { kPositive, kEitherSign };
+
+// Makes a matrix positive definite through a dominant diagonal.
+inline void dominate(std::vector<double>& matrix, int n, nasty::Random& random) {
   std::vector<double> sums(static_cast<std::size_t>(n));
   for (int i = 0; i < n; ++i) {
     for (int j = 0; j < i; ++j) {
-      double& v = matrix[at(i, j)];
-      v = present(structure, i, j, n, random) ? random.unit() : (random.one_in(2) ? 0.0 : -0.0);
-      sums[static_cast<std::size_t>(i)] += std::fabs(v);
-      sums[static_cast<std::size_t>(j)] += std::fabs(v);
+      sums[static_cast<std::size_t>(i)] += std::fabs(matrix[at(i, j)]);
+      sums[static_cast<std::size_t>(j)] += std::fabs(matrix[at(i, j)]);
     }
   }
   for (int i = 0; i < n; ++i) {
     matrix[at(i, i)] = sums[static_cast<std::size_t>(i)] + 0.5 + std::fabs(random.unit());
   }
+}
+
+inline std::vector<double> definite(Structure structure, int n, nasty::Random& random,
+                                    Zeros zeros = Zeros::kEitherSign) {
+  std::vector<double> matrix(count(n));
+  for (int i = 0; i < n; ++i) {
+    for (int j = 0; j < i; ++j) {
+      const double absent = zeros == Zeros::kEitherSign && random.one_in(2) ? -0.0 : 0.0;
+      matrix[at(i, j)] = present(structure, i, j, n, random) ? random.unit() : absent;
+    }
+  }
+  dominate(matrix, n, random);
+  return matrix;
+}
+
+// One element in `sparsity` is there, the others are +0.0.
+inline std::vector<double> scattered(int n, int sparsity, nasty::Random& random) {
+  std::vector<double> matrix(count(n));
+  for (int i = 0; i < n; ++i) {
+    for (int j = 0; j < i; ++j) {
+      matrix[at(i, j)] = random.one_in(sparsity) ? random.unit() : 0.0;
+    }
+  }
+  dominate(matrix, n, random);
   return matrix;
 }
 

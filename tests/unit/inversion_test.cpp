@@ -11,6 +11,8 @@ namespace {
 
 TEST(RareInversion, DefiniteMatricesEqualTheReference) { inversion_cases::compare_definite(); }
 
+TEST(RareInversion, ScatteredMatricesEqualTheReference) { inversion_cases::compare_scattered(); }
+
 TEST(RareInversion, FailuresEqualTheReference) { inversion_cases::compare_failures(); }
 
 TEST(RareInversion, SemidefiniteMatricesEqualTheReference) { inversion_cases::compare_semidefinite(); }

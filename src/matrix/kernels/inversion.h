@@ -260,7 +260,7 @@ static void update_rows_below(double* packed, std::ptrdiff_t n, std::ptrdiff_t f
 
 // The columns of the block below its diagonal block: rows as lanes.
 static bool finish_rows_below(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
-                              std::ptrdiff_t columns, const Sparsity& s, StackTile& tile, const double* square,
+                              std::ptrdiff_t columns, Sparsity& s, StackTile& tile, const double* square,
                               const double* reciprocal) {
   Square negated;
   for (std::ptrdiff_t k = 0; k < columns; ++k) {
@@ -275,6 +275,8 @@ static bool finish_rows_below(double* packed, std::ptrdiff_t n, std::ptrdiff_t f
     if ((row_bits(s, row, row + rows) & own) == 0) {
       continue;
     }
+    // The columns of the block fill each other in: a nonzero in one of its chunks may leave nonzeros in all of them.
+    add_row_bits(s, row, row + rows, own);
     transpose_lanes(tile.values, packed_rows(packed, row, first), rows, columns, false);
     if (!chain<true>(tile.values, rows, columns, negated.values, reciprocal)) {
       for (std::ptrdiff_t i = row; i < row + rows; ++i) {

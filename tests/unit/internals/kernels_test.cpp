@@ -46,6 +46,7 @@ TEST_P(Kernels, OperatorsOnLargeShapes) { operator_cases::compare_large(); }
 TEST_P(Kernels, OperatorsOnNegativeSizes) { operator_cases::compare_negative(); }
 
 TEST_P(Kernels, DefiniteMatrices) { inversion_cases::compare_definite(); }
+TEST_P(Kernels, ScatteredMatrices) { inversion_cases::compare_scattered(); }
 TEST_P(Kernels, FailingPivots) { inversion_cases::compare_failures(); }
 TEST_P(Kernels, SemidefiniteMatrices) { inversion_cases::compare_semidefinite(); }
 TEST_P(Kernels, MatricesWithSpecialValues) { inversion_cases::compare_special(); }
@@ -59,7 +60,8 @@ TEST_P(Kernels, LargeMatrices) {
   for (int n : {257, 300, 520}) {
     nasty::Random random(static_cast<std::uint64_t>(n));
     for (normal_matrices::Structure structure : normal_matrices::kAllStructures) {
-      std::vector<double> matrix = normal_matrices::definite(structure, n, random);
+      const std::vector<double> matrix =
+          normal_matrices::definite(structure, n, random, normal_matrices::Zeros::kPositive);
       EXPECT_EQ(inversion_cases::compare(matrix, n, 0, 99, "large"), 0);
     }
     std::vector<double> failing = normal_matrices::definite(normal_matrices::Structure::kDense, n, random);
@@ -67,7 +69,8 @@ TEST_P(Kernels, LargeMatrices) {
     EXPECT_EQ(inversion_cases::compare(failing, n, 0, 99, "large and failing"), n - 39);
   }
   nasty::Random random(1100);
-  const std::vector<double> banded = normal_matrices::definite(normal_matrices::Structure::kBanded, 1100, random);
+  const std::vector<double> banded =
+      normal_matrices::definite(normal_matrices::Structure::kBanded, 1100, random, normal_matrices::Zeros::kPositive);
   EXPECT_EQ(inversion_cases::compare(banded, 1100, 0, 99, "large and banded"), 0);
 }
 
