@@ -11,8 +11,7 @@
 #include "matrix/plain/plain_kernels.h"
 #include "strict_arithmetic.h"
 
-namespace alidade {
-namespace kernels {
+namespace alidade::kernels {
 
 namespace {
 
@@ -29,8 +28,8 @@ struct Findings {
 
 // Integers, so that the compiler makes vectors of them.
 Findings look_through(const double* x, std::ptrdiff_t count) {
-  constexpr std::uint64_t kSign = 0x8000000000000000u;
-  constexpr std::uint64_t kExponent = 0x7ff0000000000000u;
+  constexpr std::uint64_t kSign = 0x8000000000000000U;
+  constexpr std::uint64_t kExponent = 0x7ff0000000000000U;
   std::uint64_t any = 0;
   std::uint64_t unusual = 0;
   for (std::ptrdiff_t i = 0; i < count; ++i) {
@@ -139,5 +138,4 @@ int invert_in_blocks(const Kernels& fast, double* packed, int n, int* progress, 
   return 0;
 }
 
-}  // namespace kernels
-}  // namespace alidade
+}  // namespace alidade::kernels

@@ -4,14 +4,12 @@
 #include "matrix/kernels/walk.h"
 #include "strict_arithmetic.h"
 
-namespace alidade {
-namespace kernels {
+namespace alidade::kernels {
 
 // invert_normal_matrix of matrix/inversion.h in blocks, for n > 0. Whatever is out of the ordinary (infinities, NaN,
 // -0.0, a possible overflow) goes to the plain loops, from the block on where it appears.
 int invert_in_blocks(const Kernels& fast, double* packed, int n, int* progress, int span);
 
-}  // namespace kernels
-}  // namespace alidade
+}  // namespace alidade::kernels
 
 #endif

@@ -6,8 +6,7 @@
 #include "matrix/kernels/walk.h"
 #include "strict_arithmetic.h"
 
-namespace alidade {
-namespace kernels {
+namespace alidade::kernels {
 
 namespace {
 
@@ -71,5 +70,4 @@ bool select(InstructionSet set) {
   return true;
 }
 
-}  // namespace kernels
-}  // namespace alidade
+}  // namespace alidade::kernels

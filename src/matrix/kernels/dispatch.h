@@ -6,8 +6,7 @@
 #include "matrix/kernels/walk.h"
 #include "strict_arithmetic.h"
 
-namespace alidade {
-namespace kernels {
+namespace alidade::kernels {
 
 enum class InstructionSet { kPlain, kSse2, kAvx2, kAvx512, kNeon };
 constexpr InstructionSet kInstructionSets[] = {InstructionSet::kPlain, InstructionSet::kSse2, InstructionSet::kAvx2,
@@ -27,7 +26,6 @@ const Kernels* active_for(Extent extent, bool packs);
 // For tests and benchmarks: uses the given set from now on, in all threads. False, and no change, if not available.
 bool select(InstructionSet set);
 
-}  // namespace kernels
-}  // namespace alidade
+}  // namespace alidade::kernels
 
 #endif

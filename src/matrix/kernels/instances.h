@@ -6,8 +6,7 @@
 #include "matrix/kernels/walk.h"
 #include "strict_arithmetic.h"
 
-namespace alidade {
-namespace kernels {
+namespace alidade::kernels {
 
 namespace sse2 {
 extern const Kernels table;
@@ -22,7 +21,6 @@ namespace neon {
 extern const Kernels table;
 }
 
-}  // namespace kernels
-}  // namespace alidade
+}  // namespace alidade::kernels
 
 #endif

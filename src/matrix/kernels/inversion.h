@@ -344,7 +344,7 @@ static double absolute_sum(const double* x, const double* y, std::ptrdiff_t coun
   Vector sum = zero();
   std::ptrdiff_t i = 0;
   for (; i + kWidth <= count; i += kWidth) {
-    const Vector v = reinterpret_cast<Vector>(reinterpret_cast<Bits>(load(x + i)) & 0x7fffffffffffffffLL);
+    const auto v = reinterpret_cast<Vector>(reinterpret_cast<Bits>(load(x + i)) & 0x7fffffffffffffffLL);
     sum = sum + (y == nullptr ? v : v * load(y + i));
   }
   double sums[kWidth];

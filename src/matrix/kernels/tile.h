@@ -156,9 +156,9 @@ using TileFunction = void (*)(const Tile&);
 
 template <Supply kSupply, bool kEdge>
 struct TileTable {
-  TileFunction run[kTileLines + 1][kTileVectors + 1];
+  TileFunction run[kTileLines + 1][kTileVectors + 1] = {};
 
-  constexpr TileTable() : run() { add_lines(std::make_integer_sequence<int, kTileLines>()); }
+  constexpr TileTable() { add_lines(std::make_integer_sequence<int, kTileLines>()); }
 
 private:
   template <int... kLess>

@@ -23,7 +23,7 @@ inline void store(double* p, Vector v) { _mm512_storeu_pd(p, v); }
 
 // The first `count` lanes, 0 < count < kWidth; on loading lane 0 fills the others.
 struct Mask {
-  explicit Mask(std::ptrdiff_t count) : lanes(static_cast<__mmask8>((1u << count) - 1u)) {}
+  explicit Mask(std::ptrdiff_t count) : lanes(static_cast<__mmask8>((1U << count) - 1U)) {}
   __mmask8 lanes;
 };
 inline Vector load_first(const double* p, Mask m) { return _mm512_mask_loadu_pd(broadcast(p), m.lanes, p); }

@@ -6,8 +6,7 @@
 
 #include "strict_arithmetic.h"
 
-namespace alidade {
-namespace kernels {
+namespace alidade::kernels {
 
 // Where the k-th of a family of contiguous stretches starts: columns of a dense matrix lie a constant step apart
 // (growth 0), rows of a packed triangle one element further each time (growth 1).
@@ -96,7 +95,6 @@ struct Kernels {
                         const Sparsity& sparsity);
 };
 
-}  // namespace kernels
-}  // namespace alidade
+}  // namespace alidade::kernels
 
 #endif
