@@ -74,7 +74,8 @@ constexpr int kUnderflow = _EM_UNDERFLOW;
 constexpr int kInexact = _EM_INEXACT;
 int trapped() { return static_cast<int>(~_controlfp(0, 0) & _MCW_EM); }
 void trap(int exceptions) {
-  _clearfp();
+  _clearfp();                         // the flags of the SSE unit,
+  std::feclearexcept(FE_ALL_EXCEPT);  // and of the x87, where MinGW's feraiseexcept puts them
   _controlfp(_MCW_EM & ~static_cast<unsigned>(exceptions), _MCW_EM);
 }
 #else
