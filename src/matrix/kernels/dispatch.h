@@ -1,7 +1,7 @@
 #ifndef ALIDADE_SRC_MATRIX_KERNELS_DISPATCH_H
 #define ALIDADE_SRC_MATRIX_KERNELS_DISPATCH_H
 
-// Which kernels this processor runs. Every choice gives the same bits; docs/performance.md has the speeds.
+// Which kernels this processor runs. Every choice gives the same bits.
 
 #include "matrix/kernels/walk.h"
 #include "strict_arithmetic.h"
