@@ -98,8 +98,9 @@ ALIDADE_INLINE std::ptrdiff_t first_line(const Target& target, const Block& bloc
   return target.triangle ? block.lane0 : 0;
 }
 
-// Below this many elements a dense a is used where it lies: it stays in the second-level cache.
-constexpr std::ptrdiff_t kDirectElements = 512 * 512;
+// Below this many elements, or for this few lines, a dense a is used where it lies: a copy would not pay.
+constexpr std::ptrdiff_t kDirectElements = 64 * 64;
+constexpr std::ptrdiff_t kDirectLines = 24;
 
 static void packed_product(const Target& target, const Operand& a, const Operand& b, Extent extent, Mode mode) {
   StackTile tile;
@@ -110,8 +111,9 @@ static void packed_product(const Target& target, const Operand& a, const Operand
 }
 
 static void product(const Target& target, const Operand& a, const Operand& b, Extent extent, Mode mode) {
-  if (a.layout == Operand::kDense && !mode.negate && (extent.terms * a.ld < kDirectElements || extent.lines < 16)) {
-    for_each_block(extent, kBlockLanes, kDirectElements, mode.clear, [&](const Block& block, bool clear) {
+  if (a.layout == Operand::kDense && !mode.negate &&
+      (extent.terms * a.ld < kDirectElements || extent.lines < kDirectLines)) {
+    for_each_block(extent, kBlockLanes, larger(extent.terms, 1), mode.clear, [&](const Block& block, bool clear) {
       const Walk walk = {a.data + (a.row0 + block.lane0) + (a.column0 + block.term0) * a.ld, a.ld, 0};
       sweep(target, walk, false, b, block, first_line(target, block), extent.lines, clear);
     });
