@@ -47,14 +47,15 @@ bool survey(const double* packed, std::ptrdiff_t n, Sparsity& sparsity) {
   std::fill_n(sparsity.words, 64, std::uint64_t{0});
   for (std::ptrdiff_t i = 0; i < n; ++i) {
     const double* row = packed + packed_size(i);
+    if (look_through(row, i + 1).unusual) {
+      return false;
+    }
     std::uint64_t& word = sparsity.words[i / sparsity.chunk];
     for (std::ptrdiff_t c = 0; c * sparsity.chunk <= i; ++c) {
       const std::ptrdiff_t j = c * sparsity.chunk;
-      const Findings found = look_through(row + j, std::min(sparsity.chunk, i + 1 - j));
-      if (found.unusual) {
-        return false;
+      if ((word >> c & 1) == 0) {
+        word |= static_cast<std::uint64_t>(look_through(row + j, std::min(sparsity.chunk, i + 1 - j)).nonzero) << c;
       }
-      word |= static_cast<std::uint64_t>(found.nonzero) << c;
     }
   }
   return true;
@@ -86,8 +87,8 @@ int factor_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, Spar
 
 void invert_factor_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, Sparsity& sparsity, double* sizes,
                              bool& usual, const InversionProgress& progress) {
-  for (std::ptrdiff_t first = 0; first < n; first += kInversionBlock) {
-    const std::ptrdiff_t end = std::min(n, first + kInversionBlock);
+  for (std::ptrdiff_t first = 0; first < n; first += kInversionRows) {
+    const std::ptrdiff_t end = std::min(n, first + kInversionRows);
     if (!usual || !fast.invert_rows(packed, first, end, sparsity, sizes)) {
       usual = false;
       plain::invert_factor(packed, first, n, progress);
@@ -108,8 +109,8 @@ void multiply_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, c
     plain::multiply_by_transpose(packed, n, progress);
     return;
   }
-  for (std::ptrdiff_t first = 0; first < n; first += kInversionBlock) {
-    const std::ptrdiff_t end = std::min(n, first + kInversionBlock);
+  for (std::ptrdiff_t first = 0; first < n; first += kInversionRows) {
+    const std::ptrdiff_t end = std::min(n, first + kInversionRows);
     fast.multiply_rows(packed, n, first, end, sparsity);
     for (std::ptrdiff_t m = first; m < end; ++m) {
       progress.finish_product_row(m + 1);

@@ -363,8 +363,9 @@ static double absolute_sum(const double* x, const double* y, std::ptrdiff_t coun
 // Lanes ascend, so that a lane's result overwrites factors that no later lane needs.
 static void add_terms_above(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, std::ptrdiff_t term,
                             std::ptrdiff_t term_end, const Sparsity& s, std::uint64_t factor_bits,
-                            std::uint64_t& result_bits, StackTile& head) {
-  constexpr std::ptrdiff_t kPiece = kTileVectors * kWidth;
+                            std::uint64_t& result_bits, StackTile& tile) {
+  constexpr std::ptrdiff_t kPiece = kTileVectors * kWidth;  // one tile: lanes beside it still need their factors
+  const bool pack = end - first > kInversionBlock;
   const auto add = [&](const Walk& a, std::ptrdiff_t lane, std::ptrdiff_t lanes, std::ptrdiff_t t0, std::ptrdiff_t t1,
                        bool clear) {
     for (std::ptrdiff_t row = first; row < end;) {
@@ -377,20 +378,24 @@ static void add_terms_above(double* packed, std::ptrdiff_t first, std::ptrdiff_t
   };
   for (std::ptrdiff_t lane = 0; lane < term_end;) {
     const bool diagonal = lane >= term;
-    const std::ptrdiff_t lanes = smaller(kPiece, (diagonal ? term_end : term) - lane);
+    const std::ptrdiff_t lanes = diagonal ? smaller(kPiece, term_end - lane) : smaller(kBlockLanes, term - lane);
     std::ptrdiff_t below = term;
     const std::uint64_t own = column_bits(s, lane, lane + lanes);
     if (diagonal) {
       below = lane + lanes;
     }
     if (diagonal && (factor_bits & own) != 0) {
-      copy_rows(head.values, packed, lane, lanes, lane, lanes);
-      add({head.values, kBlockLanes, 0}, lane, lanes, lane, lane + lanes, true);
+      copy_rows(tile.values, packed, lane, lanes, lane, lanes);
+      add({tile.values, kBlockLanes, 0}, lane, lanes, lane, lane + lanes, true);
       result_bits |= own;
     }
     for_each_stretch(s, factor_bits, below, term_end, [&](std::ptrdiff_t t0, std::ptrdiff_t t1) {
       if (row_bits(s, t0, t1) & own) {
-        add(packed_rows(packed, t0, lane), lane, lanes, t0, t1, false);
+        const Walk rows = packed_rows(packed, t0, lane);
+        if (pack) {
+          copy_lanes(tile.values, rows, lanes, t1 - t0, false);
+        }
+        add(pack ? Walk{tile.values, kBlockLanes, 0} : rows, lane, lanes, t0, t1, false);
         result_bits |= own;
       }
     });
@@ -398,48 +403,18 @@ static void add_terms_above(double* packed, std::ptrdiff_t first, std::ptrdiff_t
   }
 }
 
-static bool invert_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, Sparsity& s, double* sizes) {
-  constexpr double kSafe = 1e290;  // no partial sum below this bound can overflow
-  const std::uint64_t factor_bits = row_bits(s, first, end);
-  for (std::ptrdiff_t k = first; k < end; ++k) {
-    const double* row = packed + packed_row(k);
-    double sum = 1.0;
-    for_each_stretch(s, factor_bits, 0, k,
-                     [&](std::ptrdiff_t j, std::ptrdiff_t stop) { sum += absolute_sum(row + j, sizes + j, stop - j); });
-    sizes[k] = row[k] * sum;
-    if (!(sizes[k] < kSafe && row[k] < kSafe)) {
-      return false;
-    }
-  }
+// The terms from inside a block of at most kInversionBlock rows, which depend on each other: whole rows at a time.
+static void chain_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, const Sparsity& s,
+                       std::uint64_t result_bits, StackTile& tile) {
   Square factors;
   double ones[kSquare];
   for (std::ptrdiff_t k = first; k < end; ++k) {
-    double* row = packed + packed_row(k);
-    const double minus = -row[k];
-    const Vector factor = broadcast(&minus);
-    for_each_stretch(s, factor_bits, 0, first, [&](std::ptrdiff_t j, std::ptrdiff_t stop) {
-      for (; j + kWidth <= stop; j += kWidth) {
-        store(row + j, factor * load(row + j));
-      }
-      for (; j < stop; ++j) {
-        row[j] = minus * row[j];
-      }
-    });
-    for (std::ptrdiff_t j = first; j < k; ++j) {
-      row[j] = minus * row[j];
-    }
+    const double* row = packed + packed_row(k);
     for (std::ptrdiff_t j = first; j < k; ++j) {
       factors.values[(k - first) * kSquare + j - first] = row[j];
     }
     ones[k - first] = 1.0;
   }
-  StackTile tile;
-  std::uint64_t result_bits = column_bits(s, first, end);
-  for (std::ptrdiff_t term = 0; term < first; term += kBlockTerms) {
-    const std::ptrdiff_t term_end = smaller(first, term + kBlockTerms);
-    add_terms_above(packed, first, end, term, term_end, s, factor_bits, result_bits, tile);
-  }
-  // The terms inside the block: rows depend on each other, whole rows at a time.
   for (std::ptrdiff_t lane = 0; lane < first; lane += kBlockLanes) {
     const std::ptrdiff_t lanes = smaller(kBlockLanes, first - lane);
     if (result_bits & column_bits(s, lane, lane + lanes)) {
@@ -456,7 +431,49 @@ static bool invert_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end
   }
   chain<true>(tile.values, kSquare, end - first, factors.values, ones);
   store_rows(tile.values, packed, first, end - first, first, end - first);
-  add_row_bits(s, first, end, result_bits);
+}
+
+static bool invert_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, Sparsity& s, double* sizes) {
+  constexpr double kSafe = 1e290;  // no partial sum below this bound can overflow
+  const std::uint64_t factor_bits = row_bits(s, first, end);
+  for (std::ptrdiff_t k = first; k < end; ++k) {
+    const double* row = packed + packed_row(k);
+    double sum = 1.0;
+    for_each_stretch(s, factor_bits, 0, k,
+                     [&](std::ptrdiff_t j, std::ptrdiff_t stop) { sum += absolute_sum(row + j, sizes + j, stop - j); });
+    sizes[k] = row[k] * sum;
+    if (!(sizes[k] < kSafe && row[k] < kSafe)) {
+      return false;
+    }
+  }
+  for (std::ptrdiff_t k = first; k < end; ++k) {
+    double* row = packed + packed_row(k);
+    const double minus = -row[k];
+    const Vector factor = broadcast(&minus);
+    for_each_stretch(s, factor_bits, 0, k, [&](std::ptrdiff_t j, std::ptrdiff_t stop) {
+      for (; j + kWidth <= stop; j += kWidth) {
+        store(row + j, factor * load(row + j));
+      }
+      for (; j < stop; ++j) {
+        row[j] = minus * row[j];
+      }
+    });
+  }
+  StackTile tile;
+  std::uint64_t result_bits = 0;
+  for (std::ptrdiff_t term = 0; term < first; term += kBlockTerms) {
+    const std::ptrdiff_t term_end = smaller(first, term + kBlockTerms);
+    add_terms_above(packed, first, end, term, term_end, s, factor_bits, result_bits, tile);
+  }
+  for (std::ptrdiff_t block = first; block < end; block += kInversionBlock) {
+    const std::ptrdiff_t block_end = smaller(end, block + kInversionBlock);
+    if (block > first) {
+      add_terms_above(packed, block, block_end, first, block, s, factor_bits, result_bits, tile);
+    }
+    result_bits |= column_bits(s, block, block_end);
+    chain_rows(packed, block, block_end, s, result_bits, tile);
+    add_row_bits(s, block, block_end, result_bits);
+  }
   for (std::ptrdiff_t k = first; k < end; ++k) {
     sizes[k] = 0.0;
     for_each_stretch(s, result_bits, 0, k + 1, [&](std::ptrdiff_t j, std::ptrdiff_t stop) {
@@ -489,9 +506,9 @@ static bool starts_from_negative_zero(const double* packed, std::ptrdiff_t k) {
   return any;
 }
 
-static void multiply_rows(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
-                          const Sparsity& s) {
-  StackTile tile;
+// The terms from inside a block of at most kInversionBlock rows.
+static void multiply_inside(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, const Sparsity& s,
+                            StackTile& tile) {
   Square inside;
   double diagonal[kSquare];
   const std::ptrdiff_t rows = end - first;
@@ -502,49 +519,62 @@ static void multiply_rows(double* packed, std::ptrdiff_t n, std::ptrdiff_t first
     }
     diagonal[m] = row[m];
   }
-  const std::uint64_t row_columns = row_bits(s, first, end);
+  const std::uint64_t bits = row_bits(s, first, end);
   for (std::ptrdiff_t lane = 0; lane < end; lane += kBlockLanes) {
     const std::ptrdiff_t lanes = smaller(kBlockLanes, end - lane);
-    if (row_columns & column_bits(s, lane, lane + lanes)) {
+    if (bits & column_bits(s, lane, lane + lanes)) {
       copy_rows(tile.values, packed, first, rows, lane, lanes);
       chain<false>(tile.values, lanes, rows, inside.values, diagonal);
       store_rows(tile.values, packed, first, rows, lane, lanes);
     }
   }
+}
+
+// Rows [first, end) receive the terms of rows [term, term_end) below them.
+static void add_terms_below(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, std::ptrdiff_t term,
+                            std::ptrdiff_t term_end, const Sparsity& s, StackTile& tile) {
   const std::uint64_t own = column_bits(s, first, end);
-  for (std::ptrdiff_t term = end; term < n; term += kBlockTerms) {
-    const std::ptrdiff_t term_end = smaller(n, term + kBlockTerms);
-    if ((row_bits(s, term, term_end) & own) == 0) {
-      continue;
-    }
-    constexpr std::ptrdiff_t kPiece = kTileVectors * kWidth;
-    for (std::ptrdiff_t lane = 0; lane < end; lane += kPiece) {
-      const std::ptrdiff_t lanes = smaller(kPiece, end - lane);
-      const auto add = [&](std::ptrdiff_t t0, std::ptrdiff_t t1) {
-        for (std::ptrdiff_t line = first; line < end;) {
-          const std::ptrdiff_t lines = next_piece(end - line, kTileLines);
-          run_lines<kRows>({packed_rows(packed, t0, lane), packed_rows(packed, t0, line), t1 - t0,
-                            target_rows(packed, line, lane), line + 1 - lane, 1, lanes, false},
-                           lines, true);
-          line += lines;
-        }
-      };
-      const std::uint64_t across = column_bits(s, lane, lane + lanes);
-      for (std::ptrdiff_t t0 = term; t0 < term_end;) {  // stretches of rows with nonzeros in both groups of columns
-        const auto joins = [&](std::ptrdiff_t t) {
-          const std::uint64_t bits = s.words[t / s.chunk];
-          return (bits & own) != 0 && (bits & across) != 0;
-        };
-        const bool on = joins(t0);
-        std::ptrdiff_t t1 = t0;
-        do {
-          t1 = smaller(term_end, (t1 / s.chunk + 1) * s.chunk);
-        } while (t1 < term_end && joins(t1) == on);
-        if (on) {
-          add(t0, t1);
-        }
-        t0 = t1;
+  const bool pack = end - first > kInversionBlock;
+  for (std::ptrdiff_t lane = 0; lane < end; lane += kBlockLanes) {
+    const std::ptrdiff_t lanes = smaller(kBlockLanes, end - lane);
+    const std::uint64_t across = column_bits(s, lane, lane + lanes);
+    const auto joins = [&](std::ptrdiff_t t) {  // row t has nonzeros in both groups of columns
+      const std::uint64_t bits = s.words[t / s.chunk];
+      return (bits & own) != 0 && (bits & across) != 0;
+    };
+    for (std::ptrdiff_t t0 = term; t0 < term_end;) {
+      const bool on = joins(t0);
+      std::ptrdiff_t t1 = t0;
+      do {
+        t1 = smaller(term_end, (t1 / s.chunk + 1) * s.chunk);
+      } while (t1 < term_end && joins(t1) == on);
+      const Walk rows = packed_rows(packed, t0, lane);
+      if (on && pack) {
+        copy_lanes(tile.values, rows, lanes, t1 - t0, false);
       }
+      for (std::ptrdiff_t line = first; on && line < end;) {
+        const std::ptrdiff_t lines = next_piece(end - line, kTileLines);
+        run_lines<kRows>({pack ? Walk{tile.values, kBlockLanes, 0} : rows, packed_rows(packed, t0, line), t1 - t0,
+                          target_rows(packed, line, lane), line + 1 - lane, 1, lanes, false},
+                         lines, true);
+        line += lines;
+      }
+      t0 = t1;
     }
+  }
+}
+
+static void multiply_rows(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
+                          const Sparsity& s) {
+  StackTile tile;
+  for (std::ptrdiff_t block = first; block < end; block += kInversionBlock) {
+    const std::ptrdiff_t block_end = smaller(end, block + kInversionBlock);
+    multiply_inside(packed, block, block_end, s, tile);
+    if (block_end < end) {
+      add_terms_below(packed, block, block_end, block_end, end, s, tile);
+    }
+  }
+  for (std::ptrdiff_t term = end; term < n; term += kBlockTerms) {
+    add_terms_below(packed, first, end, term, smaller(n, term + kBlockTerms), s, tile);
   }
 }

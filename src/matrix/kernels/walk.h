@@ -53,8 +53,9 @@ struct Mode {
   bool negate;  // subtract the products
 };
 
-// Order of the blocks that an inversion works in.
+// Order of the diagonal blocks that an inversion works in, and rows of the inverse that are formed together.
 constexpr std::ptrdiff_t kInversionBlock = 32;
+constexpr std::ptrdiff_t kInversionRows = 96;
 
 // Where a packed matrix may have nonzeros: bit c of words[r] stands for the elements of rows r * chunk ... and columns
 // c * chunk ..., chunk of each. Bits are set before the elements become nonzero and never cleared.
