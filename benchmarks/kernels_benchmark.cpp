@@ -58,40 +58,48 @@ double now() {
 typedef double V2 __attribute__((vector_size(16)));
 typedef double V4 __attribute__((vector_size(32)));
 typedef double V8 __attribute__((vector_size(64)));
-#define ALIDADE_LIMIT(name, target_name, Vector, count, product)       \
-  __attribute__((target(target_name), noinline)) double name(long n) { \
-    Vector sums[count] = {};                                           \
-    const Vector x = Vector{} + 1.1;                                   \
-    const Vector y = Vector{} + 0.9;                                   \
-    for (long k = 0; k < n; ++k) {                                     \
-      _Pragma("GCC unroll 16") for (int i = 0; i < (count); ++i) {     \
-        Vector p = y;                                                  \
-        product;                                                       \
-      }                                                                \
-    }                                                                  \
-    double total = 0.0;                                                \
-    for (const Vector& sum : sums) {                                   \
-      total += sum[0];                                                 \
-    }                                                                  \
-    return total;                                                      \
+#define ALIDADE_LIMIT(name, target_name, Vector, count, product)                     \
+  __attribute__((target(target_name), noinline)) double name(long n) {               \
+    Vector sums[count];                                                              \
+    const Vector x = Vector{} + 1.1;                                                 \
+    const Vector y = Vector{} + 0.9;                                                 \
+    _Pragma("GCC unroll 16") for (int i = 0; i < (count); ++i) { sums[i] = x; }      \
+    for (long k = 0; k < n; ++k) {                                                   \
+      _Pragma("GCC unroll 16") for (int i = 0; i < (count); ++i) {                   \
+        Vector p = y;                                                                \
+        product;                                                                     \
+      }                                                                              \
+    }                                                                                \
+    Vector total = x;                                                                \
+    _Pragma("GCC unroll 16") for (int i = 0; i < (count); ++i) { total += sums[i]; } \
+    return total[0];                                                                 \
   }
 ALIDADE_LIMIT(limit_sse2, "sse2", V2, 10,
-              __asm__ volatile("mulpd %2, %0\n\taddpd %0, %1"
-                               : "+x"(p), "+x"(sums[i])
-                               : "x"(x)))
+              __asm__ volatile("mulpd %1, %0"
+                               : "+x"(p)
+                               : "x"(x));
+              __asm__ volatile("addpd %1, %0"
+                               : "+x"(sums[i])
+                               : "x"(p)))
 ALIDADE_LIMIT(limit_avx2, "avx2", V4, 10,
-              __asm__ volatile("vmulpd %2, %3, %0\n\tvaddpd %0, %1, %1"
-                               : "=&x"(p), "+x"(sums[i])
-                               : "x"(x), "x"(y)))
+              __asm__ volatile("vmulpd %1, %2, %0"
+                               : "=x"(p)
+                               : "x"(x), "x"(y));
+              __asm__ volatile("vaddpd %1, %0, %0"
+                               : "+x"(sums[i])
+                               : "x"(p)))
 ALIDADE_LIMIT(limit_avx512, "avx512f", V8, 16,
-              __asm__ volatile("vmulpd %2, %3, %0\n\tvaddpd %0, %1, %1"
-                               : "=&v"(p), "+v"(sums[i])
-                               : "v"(x), "v"(y)))
+              __asm__ volatile("vmulpd %1, %2, %0"
+                               : "=v"(p)
+                               : "v"(x), "v"(y));
+              __asm__ volatile("vaddpd %1, %0, %0"
+                               : "+v"(sums[i])
+                               : "v"(p)))
 
 double measure_limit(double (*run)(long), int sums, std::size_t width) {
-  constexpr long kRounds = 200000;
+  constexpr long kRounds = 500000;
   double best = 0.0;
-  for (int repeat = 0; repeat < 9; ++repeat) {
+  for (int repeat = 0; repeat < 15; ++repeat) {
     const double start = now();
     volatile double sink = run(kRounds);
     static_cast<void>(sink);
