@@ -18,17 +18,17 @@ double* allocate(std::ptrdiff_t count) {
 }
 
 // The capacity is an int. A larger matrix works all the same; SetDimension then reshapes it within 2^31 - 1 elements.
-int to_capacity(std::ptrdiff_t count) {
-  constexpr std::ptrdiff_t kLargest = std::numeric_limits<int>::max();
-  constexpr std::ptrdiff_t kSmallest = std::numeric_limits<int>::min();
-  return static_cast<int>(std::clamp(count, kSmallest, kLargest));
+int capacity_of(std::int64_t n1, std::int64_t n2) {
+  constexpr std::int64_t kLargest = std::numeric_limits<int>::max();
+  constexpr std::int64_t kSmallest = std::numeric_limits<int>::min();
+  return static_cast<int>(std::clamp(n1 * n2, kSmallest, kLargest));
 }
 
 }  // namespace
 
 TMatrix::TMatrix(int n1, int n2, int noClear)
     : owner_(true),
-      capacity_(to_capacity(std::max<std::ptrdiff_t>(alidade::dense_size(n1, n2), 1))),
+      capacity_(std::max(capacity_of(n1, n2), 1)),
       n1_(n1),
       n2_(n2),
       data_(allocate(alidade::dense_size(n1, n2))) {
@@ -38,11 +38,11 @@ TMatrix::TMatrix(int n1, int n2, int noClear)
 }
 
 TMatrix::TMatrix(double* p, int n1, int n2)
-    : owner_(false), capacity_(to_capacity(alidade::dense_size(n1, n2))), n1_(n1), n2_(n2), data_(p) {}
+    : owner_(false), capacity_(capacity_of(n1, n2)), n1_(n1), n2_(n2), data_(p) {}
 
 TMatrix::TMatrix(TMatrix& src)
     : owner_(true),
-      capacity_(to_capacity(std::max<std::ptrdiff_t>(alidade::dense_size(src.n1_, src.n2_), 1))),
+      capacity_(std::max(capacity_of(src.n1_, src.n2_), 1)),
       n1_(src.n1_),
       n2_(src.n2_),
       data_(allocate(alidade::dense_size(src.n1_, src.n2_))) {
