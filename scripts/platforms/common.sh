@@ -38,9 +38,20 @@ tests_of() {
     END {print passed + 0 " of " all - skipped (skipped ? ", " skipped " skipped" : "")}'
 }
 
-# golden_of LOG: "N of M" equal cases out of the output of alidade-verify; libm_of LOG: attributed differences
+# golden_of LOG: "N of M" equal cases out of the output of alidade-verify
 golden_of() { tr -d '\r' <"$1" | awk '$1 == "all" && NF == 5 {r = $3 " of " $2} END {print r == "" ? "-" : r}'; }
-libm_of() { tr -d '\r' <"$1" | awk '$1 == "all" && NF == 5 {r = $5} END {print r == "" ? "-" : r}'; }
+
+# libm_of LOG: the number of differences attributed to the math library, and the functions it answers differently
+libm_of() {
+  tr -d '\r' <"$1" | awk '
+    $1 == "all" && NF == 5 {r = $5}
+    /^math library: .* answered differently: / {
+      sub(/.*answered differently: /, "")
+      gsub(/ [0-9]+/, "")
+      functions = " (" $0 ")"
+    }
+    END {print r == "" ? "-" : r functions}'
+}
 
 # test_build PLATFORM FLAGS BUILD [CTEST ARGUMENTS]: runs the tests of a finished build and adds its row
 test_build() {

@@ -92,6 +92,9 @@ void compare_all_sets(std::vector<double>& target, Tested tested, Reference refe
 // All shapes up to 40 in each dimension, in buffers without an element to spare. The operands are stretches of one
 // sequence of values of all kinds, so that most of the time goes to the products.
 TEST(AllKernels, EveryShapeOfDenseProducts) {
+  if (alidade::kernels::active() == nullptr) {
+    GTEST_SKIP() << "no instruction set but the plain loops on this machine or in this build";
+  }
   std::vector<double> values;
   nasty::Random random(40);
   for (nasty::Kind kind : nasty::kAllKinds) {
