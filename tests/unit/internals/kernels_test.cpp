@@ -1,4 +1,6 @@
-// Every instruction set that this machine has, bit for bit against the literal references.
+// Every instruction set that this machine has, bit for bit against the literal references, on the cases that the tests
+// of the public functions run on the set chosen at load. kernel_shapes_test and kernel_inversions_test go through all
+// small shapes, kernel_guard_pages_test looks for accesses outside them.
 
 #include <gtest/gtest.h>
 
@@ -6,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "bits.h"
 #include "inversion_cases.h"
+#include "kernel_sets.h"
 #include "matrix/kernels/dispatch.h"
 #include "nasty.h"
 #include "operator_cases.h"
@@ -15,7 +17,7 @@
 
 namespace {
 
-using alidade::kernels::InstructionSet;
+using kernel_sets::InstructionSet;
 
 class Kernels : public testing::TestWithParam<InstructionSet> {
 protected:
@@ -24,17 +26,12 @@ protected:
       GTEST_SKIP() << "not on this machine or not in this build";
     }
   }
-  void TearDown() override {
-    for (InstructionSet set : alidade::kernels::kInstructionSets) {
-      alidade::kernels::select(set);
-    }
-  }
+
+private:
+  kernel_sets::Restore restore_;
 };
 
-std::string name_of(const testing::TestParamInfo<InstructionSet>& info) {
-  constexpr const char* kNames[] = {"Plain", "Sse2", "Avx2", "Avx512", "Neon"};
-  return kNames[static_cast<int>(info.param)];
-}
+std::string name_of(const testing::TestParamInfo<InstructionSet>& info) { return kernel_sets::name(info.param); }
 
 INSTANTIATE_TEST_SUITE_P(All, Kernels, testing::ValuesIn(alidade::kernels::kInstructionSets), name_of);
 
@@ -72,56 +69,6 @@ TEST_P(Kernels, LargeMatrices) {
   const std::vector<double> banded =
       normal_matrices::definite(normal_matrices::Structure::kBanded, 1100, random, normal_matrices::Zeros::kPositive);
   EXPECT_EQ(inversion_cases::compare(banded, 1100, 0, 99, "large and banded"), 0);
-}
-
-// Runs one function of the library on every instruction set and compares with one run of the reference.
-template <class Tested, class Reference>
-void compare_all_sets(std::vector<double>& target, Tested tested, Reference reference, int n, int m, int k) {
-  std::vector<double> expected(target);
-  reference(expected.data());
-  for (InstructionSet set : alidade::kernels::kInstructionSets) {
-    if (set != InstructionSet::kPlain && alidade::kernels::select(set)) {
-      std::vector<double> actual(target);
-      tested(actual.data());
-      ASSERT_TRUE(bits::equal_arrays(actual.data(), expected.data(), expected.size()))
-          << "set " << static_cast<int>(set) << ", " << n << " x " << m << " x " << k;
-    }
-  }
-}
-
-// All shapes up to 40 in each dimension, in buffers without an element to spare. The operands are stretches of one
-// sequence of values of all kinds, so that most of the time goes to the products.
-TEST(AllKernels, EveryShapeOfDenseProducts) {
-  if (alidade::kernels::active() == nullptr) {
-    GTEST_SKIP() << "no instruction set but the plain loops on this machine or in this build";
-  }
-  std::vector<double> values;
-  nasty::Random random(40);
-  for (nasty::Kind kind : nasty::kAllKinds) {
-    for (int i = 0; i < 4000; ++i) {
-      values.push_back(nasty::value(kind, random));
-    }
-  }
-  const auto stretch = [&](std::size_t size) {
-    const auto first = values.begin() + random.below(static_cast<int>(values.size() - size));
-    return std::vector<double>(first, first + static_cast<std::ptrdiff_t>(size));
-  };
-  for (int n = 1; n <= 40; ++n) {
-    for (int m = 1; m <= 40; ++m) {
-      for (int k = 1; k <= 40; ++k) {
-        const auto size = [](int rows, int columns) { return static_cast<std::size_t>(rows) * columns; };
-        const std::vector<double> a = stretch(size(n, m)), b = stretch(size(m, k)), b2 = stretch(size(n, k));
-        std::vector<double> c = stretch(size(n, k)), c2 = stretch(size(m, k));
-        compare_all_sets(
-            c, [&](double* t) { MatrixProduct(a.data(), b.data(), t, n, m, k); },
-            [&](double* t) { reference::matrix_product(a.data(), b.data(), t, n, m, k); }, n, m, k);
-        compare_all_sets(
-            c2, [&](double* t) { MAtB(a.data(), b2.data(), t, n, m, k); },
-            [&](double* t) { reference::transposed_product(a.data(), b2.data(), t, n, m, k); }, n, m, k);
-        ASSERT_FALSE(HasFatalFailure());
-      }
-    }
-  }
 }
 
 }  // namespace

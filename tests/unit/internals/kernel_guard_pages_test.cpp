@@ -1,0 +1,97 @@
+// Every product and the inversion on every instruction set in buffers of exactly the implied size, beside memory that
+// cannot be accessed: once right after it, once right before it. kernel_shapes_test has all small shapes before it.
+
+#include <alidade/matrix.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bits.h"
+#include "guarded_buffer.h"
+#include "kernel_sets.h"
+#include "nasty.h"
+#include "normal_matrices.h"
+#include "product_shapes.h"
+#include "reference/inversion.h"
+
+namespace {
+
+using product_shapes::Placement;
+using product_shapes::Product;
+
+class GuardPages : public testing::Test {
+protected:
+  void SetUp() override {
+    if (!GuardedBuffer::kGuarded) {
+      GTEST_SKIP() << "no inaccessible pages on this system";
+    }
+  }
+};
+
+class ProductsBesideGuardPages : public GuardPages, public testing::WithParamInterface<Product> {};
+
+TEST_P(ProductsBesideGuardPages, After) {
+  const std::vector<int> few = {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 25, 33, 40};
+  compare(GetParam(), {few, few, few, {1, 8, 17}}, Placement::kAfterGuard);
+}
+
+// Several blocks of rows and of terms, of sizes around the blocks' own.
+TEST_P(ProductsBesideGuardPages, LargeShapes) {
+  const std::vector<int> large = {49, 64, 97, 130};
+  for (Placement placement : {Placement::kBeforeGuard, Placement::kAfterGuard}) {
+    compare(GetParam(), {large, {65, 96}, {63, 129}, {64, 100}}, placement);
+    compare(GetParam(), {{9, 66}, {8, 65}, {257, 521}, {64}}, placement);
+  }
+}
+
+std::string name_of(const testing::TestParamInfo<Product>& info) { return info.param.name; }
+
+INSTANTIATE_TEST_SUITE_P(All, ProductsBesideGuardPages, testing::ValuesIn(product_shapes::all_products()), name_of);
+
+class InversionBesideGuardPages : public GuardPages {
+protected:
+  void compare(const std::vector<double>& matrix, int n) {
+    std::vector<double> expected = matrix;
+    const int result = reference::rare_inversion(expected.data(), n, nullptr, 99);
+    for (kernel_sets::InstructionSet set : kernel_sets::all()) {
+      alidade::kernels::select(set);
+      for (double* packed : {buffer_.beginning(), buffer_.ending(matrix.size())}) {
+        std::copy(matrix.begin(), matrix.end(), packed);
+        TSMatrix N(packed, n);
+        ASSERT_EQ(RareInversion(N, nullptr, 99), result) << kernel_sets::name(set) << ", order " << n;
+        ASSERT_TRUE(bits::equal_arrays(packed, expected.data(), expected.size()))
+            << kernel_sets::name(set) << ", order " << n << ", result " << result;
+      }
+    }
+  }
+
+private:
+  GuardedBuffer buffer_{normal_matrices::count(kLargest)};
+  kernel_sets::Restore restore_;
+
+protected:
+  static constexpr int kLargest = 300;
+};
+
+TEST_F(InversionBesideGuardPages, EveryStructure) {
+  std::vector<int> orders = product_shapes::up_to(70);
+  orders.insert(orders.end(), {95, 96, 97, 127, 128, 129, 140, 191, 193, kLargest});
+  for (int n : orders) {
+    nasty::Random random(static_cast<std::uint64_t>(n));
+    for (normal_matrices::Structure structure : normal_matrices::kAllStructures) {
+      std::vector<double> matrix = normal_matrices::definite(structure, n, random, normal_matrices::Zeros::kPositive);
+      compare(matrix, n);
+      matrix[normal_matrices::at(n / 2, n / 2)] = -1.0;
+      compare(matrix, n);
+      matrix[normal_matrices::at(n / 2, 0)] = -0.0;  // leaves everything to the plain loops
+      compare(matrix, n);
+      ASSERT_FALSE(HasFatalFailure());
+    }
+  }
+}
+
+}  // namespace
