@@ -1,0 +1,264 @@
+// The inversion on every instruction set, bit for bit against the literal reference: every order, every failing pivot,
+// every pattern of blocks, and the values at which the blocked way must leave the work to the plain loops.
+
+#include <alidade/matrix.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "bits.h"
+#include "kernel_sets.h"
+#include "nasty.h"
+#include "normal_matrices.h"
+#include "product_shapes.h"
+#include "reference/inversion.h"
+
+namespace {
+
+using normal_matrices::at;
+using normal_matrices::count;
+using normal_matrices::Structure;
+using normal_matrices::Zeros;
+
+#if defined(__OPTIMIZE__) && !defined(ALIDADE_TESTS_EMULATED)
+constexpr int kStep = 1;
+#else
+constexpr int kStep = 5;  // slow builds and emulated processors: every fifth case
+#endif
+
+// Inverts by the reference once and by every instruction set; the result of both.
+class KernelInversions : public testing::Test {
+protected:
+  int compare(const std::vector<double>& matrix, int n, const char* what) {
+    expected_ = matrix;
+    const int result = reference::rare_inversion(expected_.data(), n, nullptr, 99);
+    for (kernel_sets::InstructionSet set : sets_) {
+      alidade::kernels::select(set);
+      actual_ = matrix;
+      TSMatrix N(actual_.data(), n);
+      EXPECT_EQ(RareInversion(N, nullptr, 99), result) << what << " of order " << n << " on " << kernel_sets::name(set);
+      EXPECT_TRUE(bits::equal_arrays(actual_.data(), expected_.data(), expected_.size()))
+          << what << " of order " << n << " on " << kernel_sets::name(set) << ", result " << result;
+    }
+    return result;
+  }
+
+  // The result of the last comparison.
+  const std::vector<double>& inverse() const { return expected_; }
+
+private:
+  std::vector<double> expected_, actual_;
+  std::vector<kernel_sets::InstructionSet> sets_ = kernel_sets::all();
+  kernel_sets::Restore restore_;
+};
+
+// Around the sizes of blocks and chunks beyond the orders that are all taken.
+const std::vector<int> kBeyondForty = {41, 47, 48, 49, 63, 64, 65, 66, 79, 95, 96, 97, 98, 112, 127, 128, 129, 140};
+
+std::vector<int> all_orders() {
+  std::vector<int> orders = product_shapes::up_to(40);
+  orders.insert(orders.end(), kBeyondForty.begin(), kBeyondForty.end());
+  return orders;
+}
+
+TEST_F(KernelInversions, EveryOrder) {
+  for (int n = 1; n <= 140; ++n) {
+    nasty::Random random(static_cast<std::uint64_t>(n));
+    for (Structure structure : normal_matrices::kAllStructures) {
+      EXPECT_EQ(compare(normal_matrices::definite(structure, n, random, Zeros::kPositive), n, "definite"), 0);
+    }
+    EXPECT_EQ(compare(normal_matrices::gram(n, random), n, "gram"), 0);
+    if (n <= 40) {
+      EXPECT_EQ(compare(normal_matrices::definite(Structure::kScattered, n, random), n, "zeros of both signs"), 0);
+    }
+  }
+}
+
+// Pivot k fails because the diagonal is bad from the start, or because the elimination leaves nothing of it.
+TEST_F(KernelInversions, EveryFailingPivot) {
+  constexpr double kBad[] = {-1.0, 0.0, -0.0, std::numeric_limits<double>::quiet_NaN(),
+                             -std::numeric_limits<double>::infinity()};
+  int counter = 0;
+  for (int n : all_orders()) {
+    nasty::Random random(static_cast<std::uint64_t>(n) + 1000);
+    for (Structure structure : normal_matrices::kAllStructures) {
+      const std::vector<double> good = normal_matrices::definite(structure, n, random, Zeros::kPositive);
+      for (int k = 0; k < n; ++k) {
+        if (n > 40 && (k + n + static_cast<int>(structure)) % 5 != 0) {
+          continue;  // the larger orders share their pivots out among the structures
+        }
+        if (++counter % kStep != 0) {
+          continue;
+        }
+        std::vector<double> bad = good;
+        bad[at(k, k)] = kBad[counter % 5];
+        EXPECT_EQ(compare(bad, n, "bad diagonal"), k + 1);
+        std::vector<double> dependent = good;  // row k is row k - 1, or 0: the pivot cancels to nothing, or nearly
+        for (int j = 0; j < n && k > 0; ++j) {
+          dependent[at(k, j)] = good[at(k - 1, j)];
+        }
+        dependent[at(k, k)] = k > 0 ? good[at(k - 1, k - 1)] : 0.0;
+        dependent[at(k, std::max(k - 1, 0))] = dependent[at(k, k)];
+        if (n <= 40) {
+          compare(dependent, n, "dependent row");
+        }
+      }
+    }
+  }
+}
+
+// Every pattern of nonzero blocks of 16 x 16 below the diagonal, in a matrix of five of them. A block that is there has
+// one element, so that a stretch of terms too short or a row taken for empty is seen.
+TEST_F(KernelInversions, EveryPatternOfBlocks) {
+  constexpr int kGrain = 16;
+  constexpr int kBlocks = 5;
+  constexpr int kPairs = kBlocks * (kBlocks - 1) / 2;
+  nasty::Random random(1616);
+  for (int pattern = 0; pattern < 1 << kPairs; pattern += kStep) {
+    const int n = kGrain * kBlocks - pattern % 3;
+    std::vector<double> matrix(count(n));
+    int bit = 0;
+    for (int r = 1; r < kBlocks; ++r) {
+      for (int c = 0; c < r; ++c) {
+        if (pattern >> bit++ & 1) {
+          const int rows = std::min(kGrain, n - r * kGrain);
+          matrix[at(r * kGrain + random.below(rows), c * kGrain + random.below(kGrain))] = random.unit();
+        }
+      }
+    }
+    for (int k = 0; k < 4; ++k) {
+      const int i = random.below(n - 1) + 1;
+      matrix[at(i, i - 1)] = random.unit();
+    }
+    normal_matrices::dominate(matrix, n, random);
+    EXPECT_EQ(compare(matrix, n, "pattern of blocks"), 0);
+  }
+}
+
+// Every pattern of nonzeros in the smallest matrices, zeros of both signs.
+TEST_F(KernelInversions, EveryPatternOfElements) {
+  for (int n = 1; n <= 5; ++n) {
+    const int pairs = n * (n - 1) / 2;
+    for (int pattern = 0; pattern < 1 << pairs; ++pattern) {
+      nasty::Random random(static_cast<std::uint64_t>(pattern));
+      std::vector<double> matrix(count(n));
+      int bit = 0;
+      for (int i = 0; i < n; ++i) {
+        for (int j = 0; j < i; ++j) {
+          const double zero = random.one_in(2) ? 0.0 : -0.0;
+          matrix[at(i, j)] = pattern >> bit++ & 1 ? random.unit() : zero;
+        }
+      }
+      normal_matrices::dominate(matrix, n, random);
+      EXPECT_EQ(compare(matrix, n, "pattern of elements"), 0);
+    }
+  }
+}
+
+// Orders of one block and more, the last one whole, nearly whole and a single row.
+constexpr int kBlockedOrders[] = {33, 40, 64, 65, 100};
+
+// One unusual value at every place of a matrix that is otherwise fit for blocks. A -0.0 must be kept where the plain
+// loops keep it, an infinity must meet the same zeros as there.
+TEST_F(KernelInversions, OneUnusualElementAnywhere) {
+  constexpr double kUnusual[] = {-0.0,
+                                 std::numeric_limits<double>::infinity(),
+                                 -std::numeric_limits<double>::infinity(),
+                                 std::numeric_limits<double>::quiet_NaN(),
+                                 std::numeric_limits<double>::denorm_min(),
+                                 -std::numeric_limits<double>::min()};
+  int counter = 0;
+  for (int n : {33, 40, 65}) {
+    nasty::Random random(static_cast<std::uint64_t>(n) + 2000);
+    const std::vector<double> good = normal_matrices::definite(Structure::kBordered, n, random, Zeros::kPositive);
+    for (std::size_t place = 0; place < good.size(); ++place) {
+      if (++counter % kStep == 0) {
+        std::vector<double> matrix = good;
+        matrix[place] = kUnusual[random.below(6)];
+        compare(matrix, n, "one unusual element");
+      }
+    }
+  }
+}
+
+// The reciprocal of pivot k overflows the product with element (i, k): an infinity in the factor. It stays in row i,
+// whose own pivot then fails, unless the diagonal is infinite as well.
+TEST_F(KernelInversions, FactorOverflowsAnywhere) {
+  for (int n : kBlockedOrders) {
+    nasty::Random random(static_cast<std::uint64_t>(n) + 3000);
+    for (int round = 0; round < 400; ++round) {
+      const int k = random.below(n - 1);
+      const int i = k + 1 + random.below(n - 1 - k);
+      std::vector<double> matrix = normal_matrices::scattered(n, 8, random);
+      for (int j = 0; j < n; ++j) {
+        if (j != k) {
+          matrix[at(k, j)] = 0.0;
+        }
+      }
+      matrix[at(k, k)] = 0x1p-1000;
+      matrix[at(i, k)] = random.one_in(2) ? 0x1p+1000 : -0x1p+1000;
+      if (round % kStep == 0) {
+        EXPECT_EQ(compare(matrix, n, "overflow of r L"), i + 1);
+        if (i + 1 < n) {  // also where more rows of the same column overflow or only nearly do
+          matrix[at(n - 1, k)] = 0x1p+523;
+          compare(matrix, n, "overflow of r L in two rows");
+        }
+      }
+    }
+  }
+}
+
+// Row k of the factor's inverse times its diagonal underflows. A negative one becomes -0.0, which a later zero of the
+// other sign must turn into +0.0 only where the plain loops add it.
+TEST_F(KernelInversions, ProductUnderflowsAnywhere) {
+  for (int n : kBlockedOrders) {
+    nasty::Random random(static_cast<std::uint64_t>(n) + 4000);
+    for (int k = 1; k < n; ++k) {
+      const int j = random.below(k);
+      for (double sign : {1.0, -1.0}) {
+        std::vector<double> matrix(count(n));
+        for (int i = 0; i < n; ++i) {
+          matrix[at(i, i)] = 1.0;
+        }
+        matrix[at(k, k)] = 0x1p+1000;
+        matrix[at(k, j)] = sign * 0x1p-80;  // its inverse has -2^-580, times 2^-500: a zero
+        EXPECT_EQ(compare(matrix, n, "underflow"), 0);
+        EXPECT_EQ(bits::of(inverse()[at(k, j)]), bits::of(sign > 0 ? -0.0 : 0.0)) << n << " " << k << " " << j;
+        if (k + 1 < n) {  // a row below adds its own zeros
+          matrix[at(k + 1 + random.below(n - k - 1), random.one_in(2) ? k : j)] = 0x1p-540;
+          EXPECT_EQ(compare(matrix, n, "underflow above another row"), 0);
+        }
+      }
+    }
+  }
+}
+
+// Rows of the inverse grow by a factor from one to the next until they overflow somewhere: the limit up to which blocks
+// are safe lies within the first of these, an infinity in the others. Between the links lie unrelated parameters.
+TEST_F(KernelInversions, InverseOverflowsAnywhere) {
+  for (int n : kBlockedOrders) {
+    nasty::Random random(static_cast<std::uint64_t>(n) + 5000);
+    for (int growth = 1; growth <= 60; growth += kStep) {
+      for (int step : {1, 3}) {
+        std::vector<double> matrix(count(n));
+        for (int i = 0; i < n; ++i) {
+          const bool link = i % step == 0;
+          // L: 2^-500 on the diagonal, 2^(growth - 500) beside it
+          matrix[at(i, i)] = !link ? 1.0 : i == 0 ? 0x1p-1000 : 0x1p-1000 + std::ldexp(1.0, 2 * growth - 1000);
+          if (link && i >= step) {
+            matrix[at(i, i - step)] = std::ldexp(random.one_in(2) ? 1.0 : -1.0, growth - 1000);
+          }
+        }
+        compare(matrix, n, "growing inverse");
+      }
+    }
+  }
+}
+
+}  // namespace
