@@ -6,6 +6,7 @@
 
 #include "coords/angle_constants.h"
 #include "coords/ellipsoid.h"
+#include "floating_class.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -62,7 +63,7 @@ double tangent_of_latitude(double start, double k) {
     t_squared = next * next;
     const double step = next - t;
     t = next;
-    if (std::fabs(step) <= kTangentTolerance || std::isnan(step) || detector.repeats(t)) {
+    if (std::fabs(step) <= kTangentTolerance || is_nan(step) || detector.repeats(t)) {
       return t;
     }
   }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "floating_class.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -11,7 +12,7 @@ namespace {
 // x = m * 2^e with 0.5 <= |m| < 1. frexp leaves e open for NaN and infinities; here it is 0, as for zeros.
 int binary_exponent(double x) {
   int exponent = 0;
-  if (std::isfinite(x)) {
+  if (is_finite(x)) {
     std::frexp(x, &exponent);
   }
   return exponent;
