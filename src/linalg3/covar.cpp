@@ -93,7 +93,7 @@ bool covar::operator!=(const covar& o) const { return !(*this == o); }
 
 triad covar::operator*(const triad& v) const {
   const double x[3] = {v[0], v[1], v[2]};
-  double y[3];
-  alidade::packed_times_vector3(v_, x, y);
-  return {y[0], y[1], y[2]};
+  triad product;
+  alidade::packed_times_vector3(v_, x, &product[0]);
+  return product;
 }

@@ -1,6 +1,8 @@
 #include <alidade/linalg3.h>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "strict_arithmetic.h"
 
@@ -9,9 +11,13 @@ namespace {
 constexpr double kThird = 0.3333333333333333;            // 0x1.5555555555555p-2
 constexpr double kTwentySeventh = 0.037037037037037035;  // 0x1.2f684bda12f68p-5
 
+// Packed positions of element (i, i), and of (i, j) by i + j.
+constexpr int kDiagonal[3] = {0, 2, 5};
+constexpr int kOffDiagonal[4] = {-1, 1, 3, 4};
+
 struct AxesBySize {
   double size[3];  // eigenvalues, or their square roots
-  matr3_3 axes;
+  triad axis[3];
 };
 
 // The third axis is decoupled: a plane rotation diagonalises the other two exactly.
@@ -19,8 +25,8 @@ void plane_axes(double a, double b, double c, AxesBySize& result) {
   const double phi = 0.5 * std::atan2(2.0 * b, a - c);
   const double cosine = std::cos(phi);
   const double sine = std::sin(phi);
-  *result.axes.Column(0) = triad(cosine, sine, 0.0);
-  *result.axes.Column(1) = triad(-sine, cosine, 0.0);
+  result.axis[0] = triad(cosine, sine, 0.0);
+  result.axis[1] = triad(-sine, cosine, 0.0);
   const double r = std::sqrt(4.0 * (b * b) + (a - c) * (a - c));
   result.size[0] = std::sqrt((r + (a + c)) * 0.5);
   result.size[1] = std::sqrt(((a + c) - r) * 0.5);
@@ -35,12 +41,12 @@ void cubic_roots(const covar& v, double* root) {
   double R = 0.0;  // each diagonal element times the square of the opposite off-diagonal one
   const double opposite[3] = {v[4], v[3], v[1]};
   for (int i = 0; i < 3; ++i) {
-    const double diagonal = v[covar::LinearIndex(i, i)];
+    const double diagonal = v[kDiagonal[i]];
     A -= diagonal;
     P *= diagonal;
     for (int j = 0; j < i; ++j) {
-      const double off = v[covar::LinearIndex(i, j)];
-      B += v[covar::LinearIndex(j, j)] * diagonal - off * off;
+      const double off = v[kOffDiagonal[i + j]];
+      B += v[kDiagonal[j]] * diagonal - off * off;
       Q *= off;
     }
     R += diagonal * (opposite[i] * opposite[i]);
@@ -82,19 +88,14 @@ void space_axes(const covar& v, AxesBySize& result) {
     w[0] = w[2];
     w[2] = first;
   }
-  triad* column = result.axes.Column(0);
-  column[0] = v.GetEigen(w[0]);
-  column[1] = v.GetEigen(w[1]);
-  column[2] = column[0].VectorProduct(column[1]);
+  result.axis[0] = v.GetEigen(w[0]);
+  result.axis[1] = v.GetEigen(w[1]);
+  result.axis[2] = result.axis[0].VectorProduct(result.axis[1]);
 }
 
 void exchange(AxesBySize& result, int i, int j) {
-  const double size = result.size[i];
-  result.size[i] = result.size[j];
-  result.size[j] = size;
-  const triad column = *result.axes.Column(i);
-  *result.axes.Column(i) = *result.axes.Column(j);
-  *result.axes.Column(j) = column;
+  std::swap(result.size[i], result.size[j]);
+  std::swap(result.axis[i], result.axis[j]);
 }
 
 // Exchanges neighbours until none is strictly smaller than the next: equal sizes keep their order, a NaN stays.
@@ -141,7 +142,8 @@ matr3_3 covar::DuserDeigen() const {
   const double d = v_[3];
   const double e = v_[4];
   const double f = v_[5];
-  AxesBySize result{{std::sqrt(a), std::sqrt(c), std::sqrt(f)}, matr3_3(covar(triad(1.0, 1.0, 1.0)))};
+  AxesBySize result{{std::sqrt(a), std::sqrt(c), std::sqrt(f)},
+                    {triad(1.0, 0.0, 0.0), triad(0.0, 1.0, 0.0), triad(0.0, 0.0, 1.0)}};
   if (d == 0.0 && e == 0.0) {
     if (b != 0.0) {
       plane_axes(a, b, c, result);
@@ -150,5 +152,7 @@ matr3_3 covar::DuserDeigen() const {
     space_axes(*this, result);
   }
   sort_decreasing(result);
-  return result.axes;
+  matr3_3 axes;
+  std::copy_n(result.axis, 3, axes.Column(0));
+  return axes;
 }

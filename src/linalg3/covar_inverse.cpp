@@ -21,14 +21,21 @@ int invert_covariance(covar& v) {
   const double d = v[3];
   const double e = v[4];
   const double f = v[5];
-  const covar cofactors(c * f - e * e, d * e - b * f, a * f - d * d, b * e - d * c, b * d - a * e, a * c - b * b);
-  // The first column against its cofactors.
-  const double determinant = (a * cofactors[0] + b * cofactors[1]) + d * cofactors[3];
+  // The first column and its cofactors first: the division has to wait for them, the others need not.
+  const double cofactor0 = c * f - e * e;
+  const double cofactor1 = d * e - b * f;
+  const double cofactor3 = b * e - d * c;
+  const double determinant = (a * cofactor0 + b * cofactor1) + d * cofactor3;
   if (std::fabs(determinant) < kSmallestDeterminant) {
     return -1;
   }
-  v = cofactors;
-  v /= determinant;
+  const double reciprocal = 1.0 / determinant;
+  v[0] = cofactor0 * reciprocal;
+  v[1] = cofactor1 * reciprocal;
+  v[2] = (a * f - d * d) * reciprocal;
+  v[3] = cofactor3 * reciprocal;
+  v[4] = (b * d - a * e) * reciprocal;
+  v[5] = (a * c - b * b) * reciprocal;
   return determinant < 0.0 ? -2 : 0;
 }
 

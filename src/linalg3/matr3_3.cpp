@@ -56,9 +56,9 @@ matr3_3 matr3_3::operator*(const matr3_3& B) const {
 
 triad matr3_3::operator*(const triad& v) const {
   const double x[3] = {v[0], v[1], v[2]};
-  double y[3];
-  alidade::dense_times_vector3(m_, x, y);
-  return {y[0], y[1], y[2]};
+  triad product;
+  alidade::dense_times_vector3(m_, x, &product[0]);
+  return product;
 }
 
 covar matr3_3::operator&(const covar& V) const {

@@ -4,6 +4,7 @@
 // Products of order three, written out. Every sum starts at +0.0 and takes its terms in ascending order, as the general
 // kernels do, so that the bits are theirs: without the leading 0.0 a sum of negative zeros would be -0.0.
 
+#include "matrix/kernels/dispatch.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -21,6 +22,10 @@ inline void dense_times_vector3(const double* a, const double* x, double* y) {
 
 // C = A B, all dense and column by column. C must not overlap A or B.
 inline void dense_product3(const double* a, const double* b, double* c) {
+  if (const kernels::Kernels* fast = kernels::active()) {
+    fast->product3(c, a, b);
+    return;
+  }
   dense_times_vector3(a, b, c);
   dense_times_vector3(a, b + 3, c + 3);
   dense_times_vector3(a, b + 6, c + 6);
@@ -33,9 +38,13 @@ inline void packed_times_vector3(const double* s, const double* x, double* y) {
   y[2] = ordered_dot3(s[3], x[0], s[4], x[1], s[5], x[2]);
 }
 
-// C = A Q A', Q and C packed, A dense. T = A Q comes first, summed over Q's rows; then C(i, j) = sum of A(i, l) T(j,
-// l).
+// C = A Q A', Q and C packed, A dense; C may overlap neither. T = A Q comes first, summed over Q's rows; then C(i, j)
+// is the sum of A(i, l) T(j, l).
 inline void congruence_product3(const double* a, const double* q, double* c) {
+  if (const kernels::Kernels* fast = kernels::active()) {
+    fast->congruence3(c, a, q);
+    return;
+  }
   double t[9];
   for (int j = 0; j < 3; ++j) {
     t[j] = ordered_dot3(a[j], q[0], a[j + 3], q[1], a[j + 6], q[3]);

@@ -8,10 +8,10 @@
 
 namespace alidade::kernels {
 
-namespace {
-
 // Constant-initialised: before the best set has been chosen, the plain loops serve.
 const Kernels* chosen = nullptr;
+
+namespace {
 
 const Kernels* table_of(InstructionSet set) {
 #if defined(ALIDADE_KERNELS_X86)
@@ -48,8 +48,6 @@ struct ChooseAtLoad {
 const ChooseAtLoad choose_at_load;
 
 }  // namespace
-
-const Kernels* active() { return chosen; }
 
 const Kernels* active_for(Extent extent, bool packs) {
   const std::ptrdiff_t least = packs ? 1000 : 150;

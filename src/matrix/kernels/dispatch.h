@@ -12,9 +12,14 @@ enum class InstructionSet { kPlain, kSse2, kAvx2, kAvx512, kNeon };
 constexpr InstructionSet kInstructionSets[] = {InstructionSet::kPlain, InstructionSet::kSse2, InstructionSet::kAvx2,
                                                InstructionSet::kAvx512, InstructionSet::kNeon};
 
+#if defined(__GNUC__) && !defined(_WIN32)
+__attribute__((visibility("hidden")))  // so that it is read without a detour through a table
+#endif
+extern const Kernels* chosen;
+
 // Null where the plain loops serve: on a machine without vectors of doubles, in a build by a compiler without vector
 // extensions, and in a host's static initialisers that run before the library's own.
-const Kernels* active();
+inline const Kernels* active() { return chosen; }
 
 // Is the set in this build, and does the processor (and its operating system) have it?
 bool available(InstructionSet set);

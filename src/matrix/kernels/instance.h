@@ -19,6 +19,11 @@ namespace ALIDADE_ISA {
 #include "matrix/kernels/pack.h"
 #include "matrix/kernels/product.h"
 #include "matrix/kernels/inversion.h"
+#if defined(__AVX2__)
+#include "matrix/kernels/order3_quads.h"
+#else
+#include "matrix/kernels/order3_pairs.h"
+#endif
 // clang-format on
 
 #define ALIDADE_QUOTE(name) #name
@@ -32,7 +37,9 @@ const Kernels table = {ALIDADE_NAME_OF(ALIDADE_ISA),
                        factor_columns,
                        invert_rows,
                        starts_from_negative_zero,
-                       multiply_rows};
+                       multiply_rows,
+                       product3,
+                       congruence3};
 
 }  // namespace ALIDADE_ISA
 }  // namespace kernels

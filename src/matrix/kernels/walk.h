@@ -94,6 +94,9 @@ struct Kernels {
   bool (*starts_from_negative_zero)(const double* packed, std::ptrdiff_t k);
   void (*multiply_rows)(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
                         const Sparsity& sparsity);
+  // c = a b, nine elements each, column by column; c = a q a', q and c packed. c overlaps neither operand.
+  void (*product3)(double* c, const double* a, const double* b);
+  void (*congruence3)(double* c, const double* a, const double* q);
 };
 
 }  // namespace alidade::kernels

@@ -8,12 +8,15 @@
 #include <string>
 #include <vector>
 
+#include "bits.h"
 #include "inversion_cases.h"
 #include "kernel_sets.h"
+#include "linalg3/products3.h"
 #include "matrix/kernels/dispatch.h"
 #include "nasty.h"
 #include "operator_cases.h"
 #include "product_cases.h"
+#include "reference/linalg3.h"
 
 namespace {
 
@@ -51,6 +54,29 @@ TEST_P(Kernels, ScaledMatrices) { inversion_cases::compare_scaled(); }
 TEST_P(Kernels, OverflowingChains) { inversion_cases::compare_overflowing_chain(); }
 TEST_P(Kernels, InversionProgress) { inversion_cases::compare_progress(); }
 TEST_P(Kernels, PseudoInversion) { inversion_cases::compare_pseudo(); }
+
+// Nine and six doubles in buffers without an element to spare; among the kinds of values are sums of -0.0 alone.
+TEST_P(Kernels, ProductsOfOrderThree) {
+  nasty::Random random(3);
+  for (nasty::Kind kind : nasty::kAllKinds) {
+    for (int round = 0; round < 30000; ++round) {
+      std::vector<double> a(9), b(9), q(6), product(9), propagated(6);
+      for (std::vector<double>* operand : {&a, &b, &q}) {
+        for (double& x : *operand) {
+          x = nasty::value(kind, random);
+          x = random.one_in(3) ? 0.0 * x : x;
+        }
+      }
+      double expected[9];
+      alidade::dense_product3(a.data(), b.data(), product.data());
+      reference::matrix_times_matrix(a.data(), b.data(), expected);
+      ASSERT_TRUE(bits::equal_arrays(product.data(), expected, 9)) << round;
+      alidade::congruence_product3(a.data(), q.data(), propagated.data());
+      reference::propagate(a.data(), q.data(), expected);
+      ASSERT_TRUE(bits::equal_arrays(propagated.data(), expected, 6)) << round;
+    }
+  }
+}
 
 // Beyond the sizes that all tests share: several blocks of terms, chunks of the sparsity of more than one grain.
 TEST_P(Kernels, LargeMatrices) {
