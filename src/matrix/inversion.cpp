@@ -2,6 +2,7 @@
 
 #include <alidade/matrix.h>
 
+#include "matrix/inversion_progress.h"
 #include "matrix/kernels/blocked_inversion.h"
 #include "matrix/kernels/dispatch.h"
 #include "matrix/kernels/walk.h"
@@ -11,10 +12,13 @@
 namespace alidade {
 
 int invert_normal_matrix(double* packed, int n, int* progress, int span) {
-  constexpr int kFewestRows = 33;  // a single block gains nothing on the plain loops
+  if (n < 1) {
+    return 0;
+  }
+  const InversionProgress report(progress, span, n);
   const kernels::Kernels* fast = kernels::active();
-  return fast != nullptr && n >= kFewestRows ? kernels::invert_in_blocks(*fast, packed, n, progress, span)
-                                             : plain::invert_normal_matrix(packed, n, progress, span);
+  return fast != nullptr && n >= fast->least_inverted ? kernels::invert_in_blocks(*fast, packed, n, report)
+                                                      : plain::invert_normal_matrix(packed, n, report);
 }
 
 }  // namespace alidade

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <memory>
 
 #include "matrix/inversion_progress.h"
@@ -14,52 +13,6 @@
 namespace alidade::kernels {
 
 namespace {
-
-std::uint64_t bits_of(double x) {
-  std::uint64_t bits = 0;
-  std::memcpy(&bits, &x, sizeof bits);
-  return bits;
-}
-
-struct Findings {
-  bool nonzero;
-  bool unusual;  // -0.0, an infinity or a NaN
-};
-
-// Integers, so that the compiler makes vectors of them.
-Findings look_through(const double* x, std::ptrdiff_t count) {
-  constexpr std::uint64_t kSign = 0x8000000000000000U;
-  constexpr std::uint64_t kExponent = 0x7ff0000000000000U;
-  std::uint64_t any = 0;
-  std::uint64_t unusual = 0;
-  for (std::ptrdiff_t i = 0; i < count; ++i) {
-    const std::uint64_t bits = bits_of(x[i]);
-    any |= bits;
-    unusual |= static_cast<std::uint64_t>(bits == kSign) | static_cast<std::uint64_t>((bits & kExponent) == kExponent);
-  }
-  return {any != 0, unusual != 0};
-}
-
-// Finds the blocks with nonzeros; false when the matrix holds anything unusual.
-bool survey(const double* packed, std::ptrdiff_t n, Sparsity& sparsity) {
-  constexpr std::ptrdiff_t kGrain = 16;
-  sparsity.chunk = kGrain * ((n + 64 * kGrain - 1) / (64 * kGrain));
-  std::fill_n(sparsity.words, 64, std::uint64_t{0});
-  for (std::ptrdiff_t i = 0; i < n; ++i) {
-    const double* row = packed + packed_size(i);
-    if (look_through(row, i + 1).unusual) {
-      return false;
-    }
-    std::uint64_t& word = sparsity.words[i / sparsity.chunk];
-    for (std::ptrdiff_t c = 0; c * sparsity.chunk <= i; ++c) {
-      const std::ptrdiff_t j = c * sparsity.chunk;
-      if ((word >> c & 1) == 0) {
-        word |= static_cast<std::uint64_t>(look_through(row + j, std::min(sparsity.chunk, i + 1 - j)).nonzero) << c;
-      }
-    }
-  }
-  return true;
-}
 
 int factor_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, Sparsity& sparsity, bool& usual,
                      const InversionProgress& progress) {
@@ -102,10 +55,7 @@ void invert_factor_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t
 
 void multiply_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, const Sparsity& sparsity, bool usual,
                         const InversionProgress& progress) {
-  for (std::ptrdiff_t k = 0; k < n && usual; ++k) {
-    usual = !fast.starts_from_negative_zero(packed, k);
-  }
-  if (!usual) {
+  if (!usual || fast.starts_from_negative_zero(packed, n)) {
     plain::multiply_by_transpose(packed, n, progress);
     return;
   }
@@ -118,24 +68,53 @@ void multiply_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, c
   }
 }
 
+int invert_single_block(const Kernels& fast, double* packed, std::ptrdiff_t n, const InversionProgress& progress) {
+  const SmallResult result = fast.invert_small(packed, n);
+  if (result.done == SmallResult::kNothing) {
+    return plain::invert_normal_matrix(packed, n, progress);
+  }
+  for (std::ptrdiff_t k = 0; k < std::min(n, result.finished + 1); ++k) {
+    progress.start_factor_row(k + 1);
+  }
+  if (result.finished < n) {
+    return static_cast<int>(result.finished) + 1;
+  }
+  if (result.done == SmallResult::kFactor) {
+    plain::invert_factor(packed, 0, n, progress);
+    plain::multiply_by_transpose(packed, n, progress);
+    return 0;
+  }
+  for (std::ptrdiff_t k = 1; k < n; ++k) {
+    progress.start_inverse_row(k + 1);
+  }
+  for (std::ptrdiff_t m = 0; m < n; ++m) {
+    progress.finish_product_row(m + 1);
+  }
+  return 0;
+}
+
 }  // namespace
 
-int invert_in_blocks(const Kernels& fast, double* packed, int n, int* progress, int span) {
+int invert_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, const InversionProgress& progress) {
+  if (n <= kSingleBlock) {
+    return invert_single_block(fast, packed, n, progress);
+  }
   constexpr int kOnStack = 256;
+  constexpr std::ptrdiff_t kGrain = 16;
   Sparsity sparsity;
-  if (!survey(packed, n, sparsity)) {
-    return plain::invert_normal_matrix(packed, n, progress, span);
+  sparsity.chunk = kGrain * ((n + 64 * kGrain - 1) / (64 * kGrain));
+  if (!fast.survey(packed, n, sparsity)) {
+    return plain::invert_normal_matrix(packed, n, progress);
   }
   double small_sizes[kOnStack];
   const std::unique_ptr<double[]> large_sizes(n > kOnStack ? new double[static_cast<std::size_t>(n)] : nullptr);
-  const InversionProgress report(progress, span, n);
   bool usual = true;
-  const int failed = factor_in_blocks(fast, packed, n, sparsity, usual, report);
+  const int failed = factor_in_blocks(fast, packed, n, sparsity, usual, progress);
   if (failed != 0) {
     return failed;
   }
-  invert_factor_in_blocks(fast, packed, n, sparsity, n > kOnStack ? large_sizes.get() : small_sizes, usual, report);
-  multiply_in_blocks(fast, packed, n, sparsity, usual, report);
+  invert_factor_in_blocks(fast, packed, n, sparsity, n > kOnStack ? large_sizes.get() : small_sizes, usual, progress);
+  multiply_in_blocks(fast, packed, n, sparsity, usual, progress);
   return 0;
 }
 

@@ -1,6 +1,9 @@
 #ifndef ALIDADE_SRC_MATRIX_KERNELS_BLOCKED_INVERSION_H
 #define ALIDADE_SRC_MATRIX_KERNELS_BLOCKED_INVERSION_H
 
+#include <cstddef>
+
+#include "matrix/inversion_progress.h"
 #include "matrix/kernels/walk.h"
 #include "strict_arithmetic.h"
 
@@ -8,7 +11,7 @@ namespace alidade::kernels {
 
 // invert_normal_matrix of matrix/inversion.h in blocks, for n > 0. Whatever is out of the ordinary (infinities, NaN,
 // -0.0, a possible overflow) goes to the plain loops, from the block on where it appears.
-int invert_in_blocks(const Kernels& fast, double* packed, int n, int* progress, int span);
+int invert_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, const InversionProgress& progress);
 
 }  // namespace alidade::kernels
 

@@ -18,6 +18,11 @@ namespace ALIDADE_ISA {
 #include "matrix/kernels/tile.h"
 #include "matrix/kernels/pack.h"
 #include "matrix/kernels/product.h"
+#include "matrix/kernels/lanes.h"
+#include "matrix/kernels/sparsity.h"
+#include "matrix/kernels/square.h"
+#include "matrix/kernels/chain.h"
+#include "matrix/kernels/small_inversion.h"
 #include "matrix/kernels/inversion.h"
 #if defined(__AVX2__)
 #include "matrix/kernels/order3_quads.h"
@@ -29,17 +34,10 @@ namespace ALIDADE_ISA {
 #define ALIDADE_QUOTE(name) #name
 #define ALIDADE_NAME_OF(name) ALIDADE_QUOTE(name)
 
-const Kernels table = {ALIDADE_NAME_OF(ALIDADE_ISA),
-                       product,
-                       product_of_product,
-                       transposed_congruence,
-                       symmetrized_product,
-                       factor_columns,
-                       invert_rows,
-                       starts_from_negative_zero,
-                       multiply_rows,
-                       product3,
-                       congruence3};
+const Kernels table = {
+    ALIDADE_NAME_OF(ALIDADE_ISA), kLeastInverted, product,  product_of_product, transposed_congruence,
+    symmetrized_product,          invert_small,   survey,   factor_columns,     invert_rows,
+    starts_from_negative_zero,    multiply_rows,  product3, congruence3};
 
 }  // namespace ALIDADE_ISA
 }  // namespace kernels

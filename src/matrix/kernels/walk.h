@@ -53,6 +53,9 @@ struct Mode {
   bool negate;  // subtract the products
 };
 
+// Largest order of a matrix that is inverted as a single block, in stack tiles.
+constexpr std::ptrdiff_t kSingleBlock = 64;
+
 // Order of the diagonal blocks that an inversion works in, and rows of the inverse that are formed together.
 constexpr std::ptrdiff_t kInversionBlock = 32;
 constexpr std::ptrdiff_t kInversionRows = 96;
@@ -70,9 +73,22 @@ struct FactorResult {
   bool usual;               // false: done, but the plain loops have to do everything that follows
 };
 
+// What of a matrix of a single block was done.
+struct SmallResult {
+  enum Done {
+    kNothing,  // it holds something unusual: the plain loops have to do everything
+    kFactor,   // `finished` columns of the factor stand in it; if these are all, the plain loops have to go on
+    kInverse
+  };
+  std::ptrdiff_t finished;
+  Done done;
+};
+
 // The kernels of one instruction set. `a` supplies element (lane, term), `b` element (term, line) of every product.
 struct Kernels {
   const char* name;
+  // Order of a matrix from which on its inversion gains on the plain loops.
+  std::ptrdiff_t least_inverted;
   // target(lane, line) (+)= sum of a(lane, term) b(term, line), terms ascending.
   void (*product)(const Target& target, const Operand& a, const Operand& b, Extent extent, Mode mode);
   // The same with a = x y, a sum of `inner` terms rounded by itself: target (+)= (x y) b.
@@ -84,14 +100,18 @@ struct Kernels {
   // Packed target of order rows (+)= a b' + b a'; the two products of a term are added first.
   void (*symmetrized_product)(double* target, const double* a, const double* b, std::ptrdiff_t rows,
                               std::ptrdiff_t columns, Mode mode);
+  // All phases of invert_normal_matrix, for 0 < n <= kSingleBlock.
+  SmallResult (*invert_small)(double* packed, std::ptrdiff_t n);
+  // Finds where the matrix has nonzeros, for the given chunk; false when it holds an infinity, a NaN or a -0.0.
+  bool (*survey)(const double* packed, std::ptrdiff_t n, Sparsity& sparsity);
   // The phases of invert_normal_matrix for one block of columns or rows, first ... end - 1, all before it being done.
   // No infinity, NaN or -0.0 may be in the matrix. `sizes` holds a bound of the absolute values in each row of X.
   FactorResult (*factor_columns)(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
                                  Sparsity& sparsity);
   // False: an overflow is possible; nothing has been changed, the plain loops have to do this block.
   bool (*invert_rows)(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, Sparsity& sparsity, double* sizes);
-  // Is one of the first contributions to row k of the product -0.0, so that the plain loops have to form it?
-  bool (*starts_from_negative_zero)(const double* packed, std::ptrdiff_t k);
+  // Is one of the first contributions to the product -0.0, so that the plain loops have to form it?
+  bool (*starts_from_negative_zero)(const double* packed, std::ptrdiff_t n);
   void (*multiply_rows)(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
                         const Sparsity& sparsity);
   // c = a b, nine elements each, column by column; c = a q a', q and c packed. c overlaps neither operand.

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <vector>
+#include <memory>
 
 #include "matrix/inversion_progress.h"
 #include "matrix/packed_index.h"
@@ -13,30 +13,51 @@ namespace alidade::plain {
 
 namespace {
 
+// Room for `count` elements; on the stack where that is little, for the heap costs as much as a small inversion.
+template <typename T>
+class WorkArray {
+public:
+  explicit WorkArray(std::ptrdiff_t count) : heap_(count > kFew ? new T[static_cast<std::size_t>(count)] : nullptr) {}
+  T* data() { return heap_ ? heap_.get() : few_; }
+
+private:
+  static constexpr std::ptrdiff_t kFew = 32;
+  T few_[kFew];
+  std::unique_ptr<T[]> heap_;
+};
+
 // The nonzero factor entries left of the pivot of the row in hand: column and value.
 struct Entry {
   std::ptrdiff_t column;
   double value;
 };
 
-void collect_nonzeros(const double* row, std::ptrdiff_t n, std::vector<Entry>& entries) {
-  entries.clear();
+struct Entries {
+  const Entry* begin_;
+  const Entry* end_;
+  const Entry* begin() const { return begin_; }
+  const Entry* end() const { return end_; }
+};
+
+Entries collect_nonzeros(const double* row, std::ptrdiff_t n, Entry* entries) {
+  Entry* end = entries;
   for (std::ptrdiff_t j = 0; j < n; ++j) {
     if (row[j] != 0.0) {
-      entries.push_back({j, row[j]});
+      *end++ = {j, row[j]};
     }
   }
+  return {entries, end};
 }
 
 // Column k of the factor below the pivot. An entry that starts as zero and meets no pair of nonzeros is structurally
 // zero and becomes exactly 0.0: neither a negative zero nor the zero of an infinite reciprocal survives.
 void finish_factor_column(double* matrix, std::ptrdiff_t n, std::ptrdiff_t k, double reciprocal,
-                          const std::vector<Entry>& entries) {
+                          const Entries& row_entries) {
   for (std::ptrdiff_t i = k + 1; i < n; ++i) {
     double* row = matrix + packed_size(i);
     double work = row[k];
     bool nonzero = work != 0.0;
-    for (const Entry& entry : entries) {
+    for (const Entry& entry : row_entries) {
       const double factor = row[entry.column];
       if (factor != 0.0) {
         work -= factor * entry.value;
@@ -52,12 +73,11 @@ void finish_factor_column(double* matrix, std::ptrdiff_t n, std::ptrdiff_t k, do
 // N = L L', column by column, each from the finished ones to its left. Row i of the packed triangle holds what column k
 // needs of it, so the sums run along rows. The diagonal keeps 1 / l(k, k).
 int factorise(double* matrix, std::ptrdiff_t n, std::ptrdiff_t first, const InversionProgress& progress) {
-  std::vector<Entry> entries;
-  entries.reserve(static_cast<std::size_t>(n));
+  WorkArray<Entry> work(n);
   for (std::ptrdiff_t k = first; k < n; ++k) {
     progress.start_factor_row(k + 1);
     double* row = matrix + packed_size(k);
-    collect_nonzeros(row, k, entries);
+    const Entries entries = collect_nonzeros(row, k, work.data());
     double pivot = row[k];
     for (const Entry& entry : entries) {
       pivot -= entry.value * entry.value;
@@ -74,7 +94,7 @@ int factorise(double* matrix, std::ptrdiff_t n, std::ptrdiff_t first, const Inve
 
 // X = inverse of L, row by row in place: row k is a combination of the rows above it.
 void invert_factor(double* matrix, std::ptrdiff_t first, std::ptrdiff_t end, const InversionProgress& progress) {
-  std::vector<double> work(static_cast<std::size_t>(end));
+  WorkArray<double> work(end);
   for (std::ptrdiff_t k = std::max<std::ptrdiff_t>(first, 1); k < end; ++k) {
     progress.start_inverse_row(k + 1);
     double* row = matrix + packed_size(k);
@@ -106,17 +126,13 @@ void multiply_by_transpose(double* matrix, std::ptrdiff_t n, const InversionProg
   }
 }
 
-int invert_normal_matrix(double* packed, int n, int* progress, int span) {
-  if (n < 1) {
-    return 0;
-  }
-  const InversionProgress report(progress, span, n);
-  const int failed = factorise(packed, n, 0, report);
+int invert_normal_matrix(double* packed, std::ptrdiff_t n, const InversionProgress& progress) {
+  const int failed = factorise(packed, n, 0, progress);
   if (failed != 0) {
     return failed;
   }
-  invert_factor(packed, 0, n, report);
-  multiply_by_transpose(packed, n, report);
+  invert_factor(packed, 0, n, progress);
+  multiply_by_transpose(packed, n, progress);
   return 0;
 }
 

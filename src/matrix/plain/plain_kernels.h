@@ -41,7 +41,7 @@ int factorise(double* matrix, std::ptrdiff_t n, std::ptrdiff_t first, const Inve
 void invert_factor(double* matrix, std::ptrdiff_t first, std::ptrdiff_t end, const InversionProgress& progress);
 void multiply_by_transpose(double* matrix, std::ptrdiff_t n, const InversionProgress& progress);
 
-int invert_normal_matrix(double* packed, int n, int* progress, int span);
+int invert_normal_matrix(double* packed, std::ptrdiff_t n, const InversionProgress& progress);
 
 }  // namespace alidade::plain
 
