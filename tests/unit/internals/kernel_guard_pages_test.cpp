@@ -13,10 +13,12 @@
 #include "bits.h"
 #include "guarded_buffer.h"
 #include "kernel_sets.h"
+#include "linalg3/products3.h"
 #include "nasty.h"
 #include "normal_matrices.h"
 #include "product_shapes.h"
 #include "reference/inversion.h"
+#include "reference/linalg3.h"
 
 namespace {
 
@@ -51,6 +53,42 @@ TEST_P(ProductsBesideGuardPages, LargeShapes) {
 std::string name_of(const testing::TestParamInfo<Product>& info) { return info.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(All, ProductsBesideGuardPages, testing::ValuesIn(product_shapes::all_products()), name_of);
+
+using ProductsOfOrderThree = GuardPages;
+
+TEST_F(ProductsOfOrderThree, BesideGuardPages) {
+  const kernel_sets::Restore restore;
+  nasty::Random random(3);
+  GuardedBuffer a(9), b(9), c(9);
+  for (int round = 0; round < 200; ++round) {
+    for (bool before : {true, false}) {
+      const auto place = [before](GuardedBuffer& buffer, std::size_t size) {
+        return before ? buffer.ending(size) : buffer.beginning();
+      };
+      const auto filled = [&](GuardedBuffer& buffer, std::size_t size) {
+        double* values = place(buffer, size);
+        std::generate_n(values, size, [&] { return nasty::value(nasty::kAllKinds[random.below(6)], random); });
+        return values;
+      };
+      const double* matrix = filled(a, 9);
+      const double* other = filled(b, 9);
+      double expected[9];
+      reference::matrix_times_matrix(matrix, other, expected);
+      for (kernel_sets::InstructionSet set : kernel_sets::all()) {
+        alidade::kernels::select(set);
+        alidade::dense_product3(matrix, other, place(c, 9));
+        EXPECT_TRUE(bits::equal_arrays(place(c, 9), expected, 9)) << kernel_sets::name(set);
+      }
+      const double* packed = filled(b, 6);
+      reference::propagate(matrix, packed, expected);
+      for (kernel_sets::InstructionSet set : kernel_sets::all()) {
+        alidade::kernels::select(set);
+        alidade::congruence_product3(matrix, packed, place(c, 6));
+        EXPECT_TRUE(bits::equal_arrays(place(c, 6), expected, 6)) << kernel_sets::name(set);
+      }
+    }
+  }
+}
 
 class InversionBesideGuardPages : public GuardPages {
 protected:

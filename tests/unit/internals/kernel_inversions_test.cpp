@@ -141,6 +141,21 @@ TEST_F(KernelInversions, EveryPatternOfBlocks) {
   }
 }
 
+// Patterns at random in matrices of more blocks, and of blocks that are not full; few of their elements are there.
+TEST_F(KernelInversions, ScatteredElementsInManyBlocks) {
+  nasty::Random random(3232);
+  for (int round = 0; round < 120; round += kStep) {
+    const int n = 65 + random.below(240);
+    std::vector<double> matrix(count(n));
+    for (int elements = random.below(2 * n); elements > 0; --elements) {
+      const int i = random.below(n - 1) + 1;
+      matrix[at(i, random.below(i))] = random.unit();
+    }
+    normal_matrices::dominate(matrix, n, random);
+    EXPECT_EQ(compare(matrix, n, "scattered elements"), 0);
+  }
+}
+
 // Every pattern of nonzeros in the smallest matrices, zeros of both signs.
 TEST_F(KernelInversions, EveryPatternOfElements) {
   for (int n = 1; n <= 5; ++n) {
