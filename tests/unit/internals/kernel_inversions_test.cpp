@@ -68,7 +68,7 @@ std::vector<int> all_orders() {
 }
 
 TEST_F(KernelInversions, EveryOrder) {
-  for (int n = 1; n <= 140; ++n) {
+  for (int n : product_shapes::unless_emulated(product_shapes::up_to(140), all_orders())) {
     nasty::Random random(static_cast<std::uint64_t>(n));
     for (Structure structure : normal_matrices::kAllStructures) {
       EXPECT_EQ(compare(normal_matrices::definite(structure, n, random, Zeros::kPositive), n, "definite"), 0);
