@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <locale>
 #include <sstream>
 
 namespace network {
@@ -16,16 +17,20 @@ std::vector<std::string> split(const std::string& text) {
   return words;
 }
 
-// The whole text as a number, independent of the locale. Infinities and NaN are no measurements.
-template <class T>
-bool parse(const std::string& text, T& value) {
-  const char* begin = text.data();
-  const char* end = begin + text.size();
-  if (text.size() > 1 && text[0] == '+' && text[1] != '-') {
-    ++begin;
-  }
-  const auto result = std::from_chars(begin, end, value);
-  return result.ec == std::errc() && result.ptr == end && std::isfinite(static_cast<double>(value));
+// The whole text as a decimal number, whatever the locale. Infinities and NaN are no measurements. (std::from_chars
+// would do, but older standard libraries lack it for doubles.)
+bool parse(const std::string& text, double& value) {
+  std::istringstream stream(text);
+  stream.imbue(std::locale::classic());
+  stream >> value;
+  return text.find_first_not_of("+-.0123456789eE") == std::string::npos && !stream.fail() && stream.eof() &&
+         std::isfinite(value);
+}
+
+bool parse(const std::string& text, int& value) {
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, value);
+  return result.ec == std::errc() && result.ptr == end;
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include "record.h"
 
-#include <charconv>
 #include <cmath>
+#include <locale>
 #include <sstream>
 
 namespace stakeout {
@@ -31,12 +31,16 @@ void Record::expect(const std::vector<std::string>& names) {
 
 std::string Record::word() { return words_[next_++]; }
 
-// Independent of the locale, unlike strtod and streams. Infinities and NaN are no coordinates.
+// A decimal number, whatever the locale. Infinities and NaN are no coordinates. (std::from_chars would do, but older
+// standard libraries lack it for doubles.)
 double Record::number() {
   const std::string text = word();
+  std::istringstream stream(text);
+  stream.imbue(std::locale::classic());
   double value = 0.0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || !std::isfinite(value)) {
+  stream >> value;
+  if (text.find_first_not_of("+-.0123456789eE") != std::string::npos || stream.fail() || !stream.eof() ||
+      !std::isfinite(value)) {
     fail_at_last_field("a number");
   }
   return value;

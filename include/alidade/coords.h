@@ -41,7 +41,9 @@ struct ALIDADE_API Ellipsoid {
 };
 
 /// The reference ellipsoid of all member conversions. Read-only; ready before any static initialiser of the host runs,
-/// with the shared library and, for GCC and Clang on ELF systems and MinGW, with the static one.
+/// with the shared library and, for GCC and Clang on ELF systems and MinGW, with the static one; there it has the
+/// priority 101, the first that a program may use, and the linker decides about a host's initialiser of the same
+/// priority.
 ///
 /// | field | value | bit pattern |
 /// |---|---|---|
