@@ -129,6 +129,13 @@ inline std::vector<Product> kernels() {
        [](const Operands& in, double* t, const Shape& s, char) {
          reference::transposed_product(in[0], in[1], t, s[kTerms], s[kRows], s[kColumns]);
        }},
+      {"SMatrProductDenseDense",
+       {dense(kRows, kTerms), dense(kTerms, kColumns)},
+       dense(kRows, kColumns),
+       {'='},
+       false,
+       mixed<0, 0>,
+       mixed_reference<0, 0>},
       {"SMatrProductDensePacked",
        {dense(kRows, kTerms), packed(kTerms, kColumns)},
        dense(kRows, kColumns),

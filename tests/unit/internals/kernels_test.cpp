@@ -28,6 +28,9 @@ protected:
     if (!alidade::kernels::select(GetParam())) {
       GTEST_SKIP() << "not on this machine or not in this build";
     }
+    if (kernel_sets::all().size() == 1) {
+      GTEST_SKIP() << "there are the plain loops alone: the tests of the public functions have run all this";
+    }
   }
 
 private:
