@@ -64,16 +64,22 @@ test_build() {
   return "$result"
 }
 
+# configure BUILD [CMAKE ARGUMENTS]: as in a new directory, but objects that are up to date stay
+configure() {
+  rm -f "$1/CMakeCache.txt"
+  build=$1
+  shift
+  cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@"
+}
+
 # cross PLATFORM TOOLCHAIN [CMAKE ARGUMENTS]: configures, builds and tests for another processor
 cross() {
   setup
   platform=$1 toolchain=$2
   shift 2
-  build=$platforms/$toolchain
   echo "== $platform"
-  cmake -S "$root" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake" \
-    -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O2 -DALIDADE_GTEST_SOURCE_DIR=/usr/src/googletest \
-    -DALIDADE_TEST_TIMEOUT=3000 "$@"
+  configure "$platforms/$toolchain" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake" \
+    -DCMAKE_CXX_FLAGS_RELEASE=-O2 -DALIDADE_GTEST_SOURCE_DIR=/usr/src/googletest -DALIDADE_TEST_TIMEOUT=3000 "$@"
   cmake --build "$build"
   test_build "$platform" -O2 "$build"
 }

@@ -37,7 +37,8 @@ protected:
 class ProductsBesideGuardPages : public GuardPages, public testing::WithParamInterface<Product> {};
 
 TEST_P(ProductsBesideGuardPages, After) {
-  const std::vector<int> few = {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 25, 33, 40};
+  const std::vector<int> few =
+      product_shapes::unless_emulated({1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 25, 33, 40}, {1, 2, 3, 4, 7, 9, 17, 40});
   compare(GetParam(), {few, few, few, {1, 8, 17}}, Placement::kAfterGuard);
 }
 
@@ -120,6 +121,7 @@ protected:
 TEST_F(InversionBesideGuardPages, EveryStructure) {
   std::vector<int> orders = product_shapes::up_to(70);
   orders.insert(orders.end(), {95, 96, 97, 127, 128, 129, 140, 191, 193, kLargest});
+  orders = product_shapes::unless_emulated(orders, {1, 2, 3, 4, 5, 8, 15, 16, 17, 31, 33, 48, 63, 64, 65, 96, 97, 129});
   for (int n : orders) {
     nasty::Random random(static_cast<std::uint64_t>(n));
     for (normal_matrices::Structure structure : normal_matrices::kAllStructures) {
