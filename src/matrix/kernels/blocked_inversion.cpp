@@ -100,7 +100,6 @@ int invert_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, cons
     return invert_single_block(fast, packed, n, progress);
   }
   constexpr int kOnStack = 256;
-  constexpr std::ptrdiff_t kGrain = 16;
   Sparsity sparsity;
   sparsity.chunk = kGrain * ((n + 64 * kGrain - 1) / (64 * kGrain));
   if (!fast.survey(packed, n, sparsity)) {

@@ -101,11 +101,16 @@ static bool finish_rows_below(double* packed, std::ptrdiff_t n, std::ptrdiff_t f
   }
   bool all_finite = true;
   const std::uint64_t own = column_bits(s, first, end);
-  for (std::ptrdiff_t row = end; row < n; row += kBlockLanes) {
-    const std::ptrdiff_t rows = smaller(kBlockLanes, n - row);
-    if ((row_bits(s, row, row + rows) & own) == 0) {
+  std::ptrdiff_t rows = 0;
+  for (std::ptrdiff_t row = end; row < n; row += rows) {
+    rows = smaller(n, (row / s.chunk + 1) * s.chunk) - row;
+    if ((s.words[row / s.chunk] & own) == 0) {
       continue;
     }
+    while (rows < kBlockLanes && row + rows < n && (s.words[(row + rows) / s.chunk] & own) != 0) {
+      rows += smaller(s.chunk, n - row - rows);
+    }
+    rows = smaller(rows, kBlockLanes);
     // The columns of the block fill each other in: a nonzero in one of its chunks may leave nonzeros in all of them.
     add_row_bits(s, row, row + rows, own);
     transpose_lanes(tile.values, packed_rows(packed, row, first), rows, columns, false);
@@ -325,6 +330,10 @@ static bool invert_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end
   if (may_overflow(packed, first, end, s, factor_bits, sizes)) {
     return false;
   }
+  std::uint64_t before[kInversionRows / kGrain + 2];
+  for (std::ptrdiff_t r = first / s.chunk; r <= (end - 1) / s.chunk; ++r) {
+    before[r - first / s.chunk] = s.words[r];
+  }
   scale_rows(packed, first, end, s, factor_bits);
   StackTile tile;
   std::uint64_t result_bits = 0;
@@ -341,6 +350,7 @@ static bool invert_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end
     chain_rows(packed, block, block_end, s, result_bits);
     add_row_bits(s, block, block_end, result_bits);
   }
+  survey_again(packed, first, end, s, before);
   return true;
 }
 
@@ -384,11 +394,32 @@ static void multiply_inside(double* packed, std::ptrdiff_t first, std::ptrdiff_t
   store_rows(results.values, kSquare, packed, first, rows, first, rows);
 }
 
-// Rows [first, end) receive the terms of rows [term, term_end) below them.
+// Terms taken at a time from far below: their columns beside a block of rows go into a second tile.
+constexpr std::ptrdiff_t kRowTerms = 64;
+struct RowTile {
+  alignas(64) double values[kInversionRows * kRowTerms];
+};
+
+static void pack_columns(RowTile& tile, const double* packed, std::ptrdiff_t column, std::ptrdiff_t columns,
+                         std::ptrdiff_t term, std::ptrdiff_t terms) {
+  for (std::ptrdiff_t t = 0; t < terms; ++t) {
+    const double* row = packed + packed_row(term + t) + column;
+    for (std::ptrdiff_t i = 0; i < columns; i += kWidth) {
+      store(tile.values + t * kInversionRows + i, load_lanes(row + i, columns - i));
+    }
+  }
+}
+
+// Rows [first, end) receive the terms of rows [term, term_end) below them; through tiles if there is a second one.
 static void add_terms_below(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, std::ptrdiff_t term,
-                            std::ptrdiff_t term_end, const Sparsity& s, StackTile& tile) {
+                            std::ptrdiff_t term_end, const Sparsity& s, StackTile& tile, RowTile* columns) {
   const std::uint64_t own = column_bits(s, first, end);
-  const bool pack = end - first > kInversionBlock;
+  if ((row_bits(s, term, term_end) & own) == 0) {
+    return;
+  }
+  if (columns != nullptr) {
+    pack_columns(*columns, packed, first, end - first, term, term_end - term);
+  }
   for (std::ptrdiff_t lane = 0; lane < end; lane += kBlockLanes) {
     const std::ptrdiff_t lanes = smaller(kBlockLanes, end - lane);
     const std::uint64_t across = column_bits(s, lane, lane + lanes);
@@ -402,14 +433,17 @@ static void add_terms_below(double* packed, std::ptrdiff_t first, std::ptrdiff_t
       do {
         t1 = smaller(term_end, (t1 / s.chunk + 1) * s.chunk);
       } while (t1 < term_end && joins(t1) == on);
-      const Walk rows = packed_rows(packed, t0, lane);
-      if (on && pack) {
+      Walk rows = packed_rows(packed, t0, lane);
+      if (on && columns != nullptr) {
         copy_lanes(tile.values, rows, lanes, t1 - t0, false);
+        rows = {tile.values, kBlockLanes, 0};
       }
       for (std::ptrdiff_t line = first; on && line < end;) {
         const std::ptrdiff_t lines = next_piece(end - line, kTileLines);
-        run_lines<kRows>({pack ? Walk{tile.values, kBlockLanes, 0} : rows, packed_rows(packed, t0, line), t1 - t0,
-                          target_rows(packed, line, lane), line + 1 - lane, 1, lanes, false},
+        const Walk factors =
+            columns == nullptr ? packed_rows(packed, t0, line)
+                               : Walk{columns->values + (t0 - term) * kInversionRows + line - first, kInversionRows, 0};
+        run_lines<kRows>({rows, factors, t1 - t0, target_rows(packed, line, lane), line + 1 - lane, 1, lanes, false},
                          lines, true);
         line += lines;
       }
@@ -425,10 +459,11 @@ static void multiply_rows(double* packed, std::ptrdiff_t n, std::ptrdiff_t first
     const std::ptrdiff_t block_end = smaller(end, block + kInversionBlock);
     multiply_inside(packed, block, block_end, s);
     if (block_end < end) {
-      add_terms_below(packed, block, block_end, block_end, end, s, tile);
+      add_terms_below(packed, block, block_end, block_end, end, s, tile, nullptr);
     }
   }
-  for (std::ptrdiff_t term = end; term < n; term += kBlockTerms) {
-    add_terms_below(packed, first, end, term, smaller(n, term + kBlockTerms), s, tile);
+  RowTile columns;
+  for (std::ptrdiff_t term = end; term < n; term += kRowTerms) {
+    add_terms_below(packed, first, end, term, smaller(n, term + kRowTerms), s, tile, &columns);
   }
 }

@@ -36,28 +36,50 @@ ALIDADE_INLINE void for_each_stretch(const Sparsity& s, std::uint64_t bits, std:
   }
 }
 
+// What has been met in a matrix.
+struct Findings {
+  Bits negative_zero = {};
+  Vector check = zero();  // zero as long as all was finite
+};
+
+// The word of the rows [first, end) of one chunk of rows.
+static std::uint64_t nonzero_chunks(const double* packed, std::ptrdiff_t first, std::ptrdiff_t end,
+                                    std::ptrdiff_t chunk, Findings& findings) {
+  std::uint64_t word = 0;
+  for (std::ptrdiff_t column = 0; column < end; column += chunk) {
+    Bits any = {};
+    for (std::ptrdiff_t i = larger(first, column); i < end; ++i) {
+      const double* p = packed + packed_row(i) + column;
+      const std::ptrdiff_t count = smaller(chunk, i + 1 - column);
+      for (std::ptrdiff_t j = 0; j < count; j += kWidth) {
+        const Vector v = load_lanes(p + j, count - j);
+        any |= bits_of(v);
+        findings.negative_zero |= negative_zeros(v);
+        findings.check = v * zero() + findings.check;
+      }
+    }
+    word |= static_cast<std::uint64_t>(any_bit(any)) << (column / chunk);
+  }
+  return word;
+}
+
 // Finds the blocks with nonzeros; false when the matrix holds an infinity, a NaN or a -0.0.
 static bool survey(const double* packed, std::ptrdiff_t n, Sparsity& s) {
-  Bits found = {};
-  Vector check = zero();
+  Findings findings;
   for (std::ptrdiff_t first = 0; first < n; first += s.chunk) {
-    const std::ptrdiff_t end = smaller(n, first + s.chunk);
-    std::uint64_t word = 0;
-    for (std::ptrdiff_t column = 0; column < end; column += s.chunk) {
-      Bits any = {};
-      for (std::ptrdiff_t i = larger(first, column); i < end; ++i) {
-        const double* p = packed + packed_row(i) + column;
-        const std::ptrdiff_t count = smaller(s.chunk, i + 1 - column);
-        for (std::ptrdiff_t j = 0; j < count; j += kWidth) {
-          const Vector v = load_lanes(p + j, count - j);
-          any |= bits_of(v);
-          found |= negative_zeros(v);
-          check = v * zero() + check;
-        }
-      }
-      word |= static_cast<std::uint64_t>(any_bit(any)) << (column / s.chunk);
-    }
-    s.words[first / s.chunk] = word;
+    s.words[first / s.chunk] = nonzero_chunks(packed, first, smaller(n, first + s.chunk), s.chunk, findings);
   }
-  return all_zero(check) && !any_bit(found);
+  return all_zero(findings.check) && !any_bit(findings.negative_zero);
+}
+
+// Looks again where the chunks of rows that end in rows [first, end) have nonzeros, unless they received no bits since
+// `before` was copied. What may become nonzero spreads from chunk to chunk, much further than the nonzeros themselves.
+static void survey_again(const double* packed, std::ptrdiff_t first, std::ptrdiff_t end, Sparsity& s,
+                         const std::uint64_t* before) {
+  for (std::ptrdiff_t r = first / s.chunk; (r + 1) * s.chunk <= end; ++r) {
+    if (r * s.chunk < first || s.words[r] != before[r - first / s.chunk]) {
+      Findings ignored;
+      s.words[r] = nonzero_chunks(packed, r * s.chunk, (r + 1) * s.chunk, s.chunk, ignored);
+    }
+  }
 }

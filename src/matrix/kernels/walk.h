@@ -62,8 +62,9 @@ constexpr std::ptrdiff_t kInversionRows = 96;
 
 // Where a packed matrix may have nonzeros: bit c of words[r] stands for the elements of rows r * chunk ... and columns
 // c * chunk ..., chunk of each. Bits are set before the elements become nonzero and never cleared.
+constexpr std::ptrdiff_t kGrain = 16;
 struct Sparsity {
-  std::ptrdiff_t chunk;
+  std::ptrdiff_t chunk;  // a multiple of kGrain
   std::uint64_t words[64];
 };
 
