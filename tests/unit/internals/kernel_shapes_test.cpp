@@ -21,9 +21,9 @@ using product_shapes::up_to;
 // Around the heights and widths of the tiles of all instruction sets.
 const std::vector<int> kFew = {1, 2, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 24, 31, 32, 33, 40};
 
-// Slow builds and emulated processors take turns of a few extents instead of all.
+// Slow builds, instrumented ones and emulated processors go through a few extents instead of all.
 std::vector<int> every_extent() {
-#if defined(__OPTIMIZE__) && !defined(ALIDADE_TESTS_EMULATED)
+#if defined(__OPTIMIZE__) && !defined(ALIDADE_TESTS_EMULATED) && !defined(ALIDADE_TESTS_ADDRESS_SANITIZER)
   return up_to(40);
 #else
   return kFew;
