@@ -91,7 +91,7 @@ static void update_rows_below(double* packed, std::ptrdiff_t n, std::ptrdiff_t f
 // The columns of the block below its diagonal block: rows as lanes.
 static bool finish_rows_below(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
                               std::ptrdiff_t columns, Sparsity& s, StackTile& tile, const double* square) {
-  Square negated;
+  BlockSquare negated;
   double reciprocal[kSquare];
   for (std::ptrdiff_t j = 0; j < columns; ++j) {
     for (std::ptrdiff_t k = j / kWidth * kWidth; k < columns; k += kWidth) {
@@ -144,7 +144,7 @@ static bool finish_rows_below(double* packed, std::ptrdiff_t n, std::ptrdiff_t f
 static FactorResult factor_columns(double* packed, std::ptrdiff_t n, std::ptrdiff_t first, std::ptrdiff_t end,
                                    Sparsity& s) {
   StackTile tile;
-  Square square;
+  BlockSquare square;
   const std::ptrdiff_t order = end - first;
   factor_diagonal_block(packed, first, order, s, tile, square.values);
   const std::ptrdiff_t finished = factor_square(square.values, order);
@@ -301,8 +301,8 @@ static void scale_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end,
 
 // The terms from inside a block of at most kInversionBlock rows, which depend on each other: whole rows at a time.
 static void chain_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, const Sparsity& s,
-                       std::uint64_t result_bits) {
-  Square factors;
+                       std::uint64_t result_bits, StackTile& tile) {
+  BlockSquare factors;
   const std::ptrdiff_t rows = end - first;
   load_square(factors.values, packed, first, rows);
   for (std::ptrdiff_t lane = 0; lane < first; lane += kBlockLanes) {
@@ -311,15 +311,14 @@ static void chain_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end,
       chain<true, false>(target_rows(packed, first, lane), lanes, rows, factors.values, nullptr);
     }
   }
-  Square results;
   for (std::ptrdiff_t k = 0; k < rows; ++k) {
-    double* line = results.values + k * kSquare;
+    double* line = tile.values + k * kBlockLanes;
     for (std::ptrdiff_t i = 0; i < rows; i += kWidth) {
       store(line + i, unit_lane(k - i, packed[packed_row(first + k) + first + k]));
     }
   }
-  chain<true, true>({results.values, kSquare, 0}, rows, rows, factors.values, nullptr);
-  store_rows(results.values, kSquare, packed, first, rows, first, rows);
+  chain<true, true>({tile.values, kBlockLanes, 0}, rows, rows, factors.values, nullptr);
+  store_rows(tile.values, kBlockLanes, packed, first, rows, first, rows);
 }
 
 static bool invert_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, Sparsity& s, double* sizes) {
@@ -347,7 +346,7 @@ static bool invert_rows(double* packed, std::ptrdiff_t first, std::ptrdiff_t end
       add_terms_above(packed, block, block_end, first, block, s, factor_bits, result_bits, tile);
     }
     result_bits |= column_bits(s, block, block_end);
-    chain_rows(packed, block, block_end, s, result_bits);
+    chain_rows(packed, block, block_end, s, result_bits, tile);
     add_row_bits(s, block, block_end, result_bits);
   }
   survey_again(packed, first, end, s, before);
@@ -370,8 +369,9 @@ static bool starts_from_negative_zero(const double* packed, std::ptrdiff_t n) {
 }
 
 // The terms from inside a block of at most kInversionBlock rows.
-static void multiply_inside(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, const Sparsity& s) {
-  Square inside;
+static void multiply_inside(double* packed, std::ptrdiff_t first, std::ptrdiff_t end, const Sparsity& s,
+                            StackTile& tile) {
+  BlockSquare inside;
   double diagonal[kSquare];
   const std::ptrdiff_t rows = end - first;
   for (std::ptrdiff_t m = 0; m < rows; ++m) {
@@ -388,10 +388,9 @@ static void multiply_inside(double* packed, std::ptrdiff_t first, std::ptrdiff_t
       chain<false, false>(target_rows(packed, first, lane), lanes, rows, inside.values, diagonal);
     }
   }
-  Square results;
-  copy_rows(results.values, kSquare, packed, first, rows, first, rows);
-  chain<false, true>({results.values, kSquare, 0}, rows, rows, inside.values, diagonal);
-  store_rows(results.values, kSquare, packed, first, rows, first, rows);
+  copy_rows(tile.values, kBlockLanes, packed, first, rows, first, rows);
+  chain<false, true>({tile.values, kBlockLanes, 0}, rows, rows, inside.values, diagonal);
+  store_rows(tile.values, kBlockLanes, packed, first, rows, first, rows);
 }
 
 // Terms taken at a time from far below: their columns beside a block of rows go into a second tile.
@@ -457,7 +456,7 @@ static void multiply_rows(double* packed, std::ptrdiff_t n, std::ptrdiff_t first
   StackTile tile;
   for (std::ptrdiff_t block = first; block < end; block += kInversionBlock) {
     const std::ptrdiff_t block_end = smaller(end, block + kInversionBlock);
-    multiply_inside(packed, block, block_end, s);
+    multiply_inside(packed, block, block_end, s, tile);
     if (block_end < end) {
       add_terms_below(packed, block, block_end, block_end, end, s, tile, nullptr);
     }

@@ -6,6 +6,9 @@ constexpr std::ptrdiff_t kSquare = kSingleBlock;
 struct Square {
   alignas(64) double values[kSquare * kSquare];
 };
+struct BlockSquare {  // as many lines as a block of a larger matrix has
+  alignas(64) double values[kInversionBlock * kSquare];
+};
 constexpr std::ptrdiff_t kStrip = 8;  // its rows and columns are padded to multiples of this
 constexpr int kStripVectors = static_cast<int>(kStrip) / kWidth;
 
