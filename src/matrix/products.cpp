@@ -15,6 +15,7 @@ namespace {
 
 using kernels::Extent;
 using kernels::Operand;
+using kernels::Preparation;
 
 Operand dense(const double* data, int ld) { return {Operand::kDense, data, ld}; }
 Operand transposed(const double* data, int ld) { return {Operand::kTransposed, data, ld}; }
@@ -23,8 +24,12 @@ Operand packed(const double* data) { return {Operand::kPacked, data, 0}; }
 }  // namespace
 
 void matrix_product(const double* a, const double* b, double* c, int n, int m, int k) {
+  if (n == 3 && m == 3 && k == 3 && kernels::active() != nullptr) {
+    kernels::active()->product3(c, a, b);
+    return;
+  }
   const Extent extent = {n, k, m};
-  if (const kernels::Kernels* fast = kernels::active_for(extent, false)) {
+  if (const kernels::Kernels* fast = kernels::active_for(extent, Preparation::kNothing)) {
     fast->product({c, n, false}, dense(a, n), dense(b, m), extent, {true, false});
   } else {
     plain::matrix_product(a, b, c, n, m, k);
@@ -33,7 +38,7 @@ void matrix_product(const double* a, const double* b, double* c, int n, int m, i
 
 void transposed_product(const double* a, const double* b, double* c, int n, int m, int k) {
   const Extent extent = {m, k, n};
-  if (const kernels::Kernels* fast = kernels::active_for(extent, true)) {
+  if (const kernels::Kernels* fast = kernels::active_for(extent, Preparation::kTransposes)) {
     fast->product({c, m, false}, transposed(a, n), dense(b, n), extent, {true, false});
   } else {
     plain::transposed_product(a, b, c, n, m, k);
@@ -42,7 +47,10 @@ void transposed_product(const double* a, const double* b, double* c, int n, int 
 
 void mixed_product(const double* a, const double* b, double* c, int n, int m, int modeA, int modeB, int k) {
   const Extent extent = {n, k, m};
-  const kernels::Kernels* fast = kernels::active_for(extent, modeA == 1);
+  const Preparation preparation = modeA == 1   ? Preparation::kMirrors
+                                  : modeB == 1 ? Preparation::kCopies
+                                               : Preparation::kNothing;
+  const kernels::Kernels* fast = kernels::active_for(extent, preparation);
   const std::int64_t code = std::int64_t{modeA} * 10 + modeB;
   const bool diagonal = modeA > 1 || modeB > 1;
   if (fast == nullptr || (diagonal && code != 0)) {  // diagonal operands are no work for tiles
@@ -55,8 +63,12 @@ void mixed_product(const double* a, const double* b, double* c, int n, int m, in
 }
 
 void congruence_product(const double* a, const double* q, double* c, int n, int m, char op) {
+  if (n == 3 && m == 3 && op != '+' && op != '-' && op != '|' && kernels::active() != nullptr) {
+    kernels::active()->congruence3(c, a, q);
+    return;
+  }
   const Extent extent = {n, n, m};
-  if (const kernels::Kernels* fast = kernels::active_for(extent, false)) {
+  if (const kernels::Kernels* fast = kernels::active_for(extent, Preparation::kCopies)) {
     fast->product_of_product({c, 0, true}, dense(a, n), packed(q), m, transposed(a, n), extent,
                              {op != '+' && op != '-', op == '-' || op == '|'});
   } else {
@@ -65,7 +77,7 @@ void congruence_product(const double* a, const double* q, double* c, int n, int 
 }
 
 void transposed_congruence_vector(double* r, char op, const double* a, const double* q, const double* l, int n, int m) {
-  if (const kernels::Kernels* fast = kernels::active_for({m, n, n}, true)) {
+  if (const kernels::Kernels* fast = kernels::active_for({m, 1, n}, Preparation::kNothing)) {
     fast->product_of_product({r, m, false}, transposed(a, n), packed(q), n, dense(l, n), Extent{m, 1, n},
                              {op != '+', false});
   } else {

@@ -49,15 +49,6 @@ const ChooseAtLoad choose_at_load;
 
 }  // namespace
 
-const Kernels* active_for(Extent extent, bool packs) {
-  const std::ptrdiff_t least = packs ? 1000 : 150;
-  const std::ptrdiff_t few_lines = packs ? 3 : 1;
-  const bool small = extent.lines < few_lines || extent.lanes < 4 ||
-                     (extent.lanes < least && extent.lines < least && extent.terms < least &&
-                      extent.lanes * extent.lines * extent.terms < least);
-  return small ? nullptr : chosen;
-}
-
 bool available(InstructionSet set) { return set == InstructionSet::kPlain || table_of(set) != nullptr; }
 
 bool select(InstructionSet set) {

@@ -34,10 +34,21 @@ namespace ALIDADE_ISA {
 #define ALIDADE_QUOTE(name) #name
 #define ALIDADE_NAME_OF(name) ALIDADE_QUOTE(name)
 
-const Kernels table = {
-    ALIDADE_NAME_OF(ALIDADE_ISA), kLeastInverted, product,  product_of_product, transposed_congruence,
-    symmetrized_product,          invert_small,   survey,   factor_columns,     invert_rows,
-    starts_from_negative_zero,    multiply_rows,  product3, congruence3};
+const Kernels table = {ALIDADE_NAME_OF(ALIDADE_ISA),
+                       kWidth,
+                       kLeastInverted,
+                       product,
+                       product_of_product,
+                       transposed_congruence,
+                       symmetrized_product,
+                       invert_small,
+                       survey,
+                       factor_columns,
+                       invert_rows,
+                       starts_from_negative_zero,
+                       multiply_rows,
+                       product3,
+                       congruence3};
 
 }  // namespace ALIDADE_ISA
 }  // namespace kernels

@@ -102,12 +102,28 @@ ALIDADE_INLINE std::ptrdiff_t first_line(const Target& target, const Block& bloc
 constexpr std::ptrdiff_t kDirectElements = 64 * 64;
 constexpr std::ptrdiff_t kDirectLines = 24;
 
+// As many lines at a time as leave the part of b that they need, kBlockTerms of each, in the second cache level while
+// the blocks of lanes pass by.
+constexpr std::ptrdiff_t kBlockLines = 384;
+
 static void packed_product(const Target& target, const Operand& a, const Operand& b, Extent extent, Mode mode) {
   StackTile tile;
-  for_each_block(extent, kBlockLanes, kBlockTerms, mode.clear, [&](const Block& block, bool clear) {
-    pack(tile.values, a, block.lane0, block.term0, block.lanes, block.terms, mode.negate);
-    sweep(target, {tile.values, kBlockLanes, 0}, true, b, block, first_line(target, block), extent.lines, clear);
-  });
+  for (std::ptrdiff_t line = 0; line < extent.lines;) {
+    const std::ptrdiff_t lines = next_piece(extent.lines - line, kBlockLines);
+    std::ptrdiff_t term = 0;
+    do {
+      const std::ptrdiff_t terms = larger(0, smaller(kBlockTerms, extent.terms - term));
+      const std::ptrdiff_t reach = target.triangle ? smaller(extent.lanes, line + lines) : extent.lanes;
+      for (std::ptrdiff_t lane = 0; lane < reach; lane += kBlockLanes) {
+        const Block block = {lane, smaller(kBlockLanes, extent.lanes - lane), term, terms};
+        pack(tile.values, a, block.lane0, block.term0, block.lanes, block.terms, mode.negate);
+        sweep(target, {tile.values, kBlockLanes, 0}, true, b, block, larger(line, first_line(target, block)),
+              line + lines, mode.clear && term == 0);
+      }
+      term += kBlockTerms;
+    } while (term < extent.terms);
+    line += lines;
+  }
 }
 
 static void product(const Target& target, const Operand& a, const Operand& b, Extent extent, Mode mode) {

@@ -68,21 +68,59 @@ ALIDADE_INLINE void store_lanes(double* p, Vector v, std::ptrdiff_t count) {
   }
 }
 
+// No line of the tile ends inside it. Most tiles are of this kind, and small matrices feel the difference.
+template <int V>
+ALIDADE_INLINE bool is_whole(const Tile& tile) {
+  return tile.lanes >= V * kWidth && tile.max_lanes >= V * kWidth;
+}
+
 template <int R, int V>
 ALIDADE_INLINE void start_sums(const Tile& tile, Sums<R, V>& sums) {
+  if (tile.clear) {
+    ALIDADE_UNROLL
+    for (int r = 0; r < R; ++r) {
+      ALIDADE_UNROLL
+      for (int v = 0; v < V; ++v) {
+        sums[r][v] = zero();
+      }
+    }
+    return;
+  }
+  if (is_whole<V>(tile)) {
+    ALIDADE_UNROLL
+    for (int r = 0; r < R; ++r) {
+      const double* line = at(tile.target, r);
+      ALIDADE_UNROLL
+      for (int v = 0; v < V; ++v) {
+        sums[r][v] = load(line + v * kWidth);
+      }
+    }
+    return;
+  }
   ALIDADE_UNROLL
   for (int r = 0; r < R; ++r) {
     const double* line = at(tile.target, r);
     const std::ptrdiff_t lanes = smaller(tile.lanes + r * tile.more, tile.max_lanes);
     ALIDADE_UNROLL
     for (int v = 0; v < V; ++v) {
-      sums[r][v] = tile.clear ? zero() : load_lanes(line + v * kWidth, lanes - v * kWidth);
+      sums[r][v] = load_lanes(line + v * kWidth, lanes - v * kWidth);
     }
   }
 }
 
 template <int R, int V>
 ALIDADE_INLINE void store_sums(const Tile& tile, const Sums<R, V>& sums) {
+  if (is_whole<V>(tile)) {
+    ALIDADE_UNROLL
+    for (int r = 0; r < R; ++r) {
+      double* line = at(tile.target, r);
+      ALIDADE_UNROLL
+      for (int v = 0; v < V; ++v) {
+        store(line + v * kWidth, sums[r][v]);
+      }
+    }
+    return;
+  }
   ALIDADE_UNROLL
   for (int r = 0; r < R; ++r) {
     double* line = at(tile.target, r);

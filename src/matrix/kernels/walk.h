@@ -88,6 +88,7 @@ struct SmallResult {
 // The kernels of one instruction set. `a` supplies element (lane, term), `b` element (term, line) of every product.
 struct Kernels {
   const char* name;
+  std::ptrdiff_t width;  // doubles in a vector
   // Order of a matrix from which on its inversion gains on the plain loops.
   std::ptrdiff_t least_inverted;
   // target(lane, line) (+)= sum of a(lane, term) b(term, line), terms ascending.
