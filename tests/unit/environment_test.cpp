@@ -36,8 +36,8 @@ TEST_F(EnvironmentFaults, EveryOtherRoundingModeIsReported) {
            FE_TOWARDZERO,
 #endif
            FE_TONEAREST}) {
-    if (mode == FE_TONEAREST || std::fesetround(mode) != 0 || std::fegetround() != mode) {
-      continue;  // soft-float ARM knows the other names but refuses to set them, WebAssembly only pretends to
+    if (mode == FE_TONEAREST || std::fesetround(mode) != 0) {
+      continue;  // the soft-float ABI of ARM knows the other names but refuses to set them
     }
     ++tried;
     const unsigned faults = alidade::environment_faults();

@@ -41,7 +41,6 @@ TEST(GuardedDivision, DividesEachComponent) {
   EXPECT_TRUE(is(Point2(5.0, 5.0) / Point2(49.0, 49.0), 5.0 / 49.0, 5.0 / 49.0));
 }
 
-#if FE_ALL_EXCEPT  // WebAssembly has no flags
 TEST(GuardedDivision, LeavesTheFlagsAsTheyWere) {
   std::feclearexcept(FE_ALL_EXCEPT);
   EXPECT_TRUE(is(Point2(1.0, 0.0) / Point2(0.0, 0.0), kInfinity, kNaN));
@@ -52,10 +51,9 @@ TEST(GuardedDivision, LeavesTheFlagsAsTheyWere) {
   EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), before);
   std::feclearexcept(FE_ALL_EXCEPT);
 }
-#endif
 
 TEST(GuardedDivision, DividesInTheHostsRoundingMode) {
-  if (std::fesetround(FE_UPWARD) != 0 || std::fegetround() != FE_UPWARD) {
+  if (std::fesetround(FE_UPWARD) != 0) {
     GTEST_SKIP() << "this processor rounds to nearest only";
   }
   const Point2 up = Point2(1.0, 2.0) / Point2(3.0, 3.0);
