@@ -11,4 +11,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm;-L;/usr/arm-linux-gnueabi)
+# A processor that indeed has none: the C library would else set the modes of a unit that calculates nothing.
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm;-cpu;arm946;-L;/usr/arm-linux-gnueabi)

@@ -24,6 +24,9 @@ private:
 TEST_F(EnvironmentFaults, AProgramStartsWithoutAny) { EXPECT_EQ(alidade::environment_faults(), 0U); }
 
 TEST_F(EnvironmentFaults, EveryOtherRoundingModeIsReported) {
+#if defined(__SOFTFP__)
+  GTEST_SKIP() << "arithmetic in software rounds to nearest only, whatever mode a floating-point unit is set to";
+#endif
   int tried = 0;
   for (const int mode : {
 #ifdef FE_UPWARD
