@@ -24,7 +24,7 @@ namespace ALIDADE_ISA {
 #include "matrix/kernels/chain.h"
 #include "matrix/kernels/small_inversion.h"
 #include "matrix/kernels/inversion.h"
-#if defined(__AVX2__)
+#if defined(ALIDADE_LANES_OF_FOUR)
 #include "matrix/kernels/order3_quads.h"
 #else
 #include "matrix/kernels/order3_pairs.h"

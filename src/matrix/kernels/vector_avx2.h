@@ -7,6 +7,9 @@
 
 #include <cstddef>
 
+// Tells instance.h; __AVX2__ cannot, since with -march=native it is defined for the SSE2 set too.
+#define ALIDADE_LANES_OF_FOUR
+
 namespace alidade {
 namespace kernels {
 namespace avx2 {
