@@ -26,10 +26,10 @@ using normal_matrices::count;
 using normal_matrices::Structure;
 using normal_matrices::Zeros;
 
-#if defined(__OPTIMIZE__) && !defined(ALIDADE_TESTS_EMULATED)
+#if defined(__OPTIMIZE__) && !defined(ALIDADE_TESTS_FEW_SIZES)
 constexpr int kStep = 1;
 #else
-constexpr int kStep = 11;  // slow builds and emulated processors: one case in eleven
+constexpr int kStep = 11;  // one case in eleven
 #endif
 
 // Inverts by the reference once and by every instruction set; the result of both.
@@ -68,7 +68,7 @@ std::vector<int> all_orders() {
 }
 
 TEST_F(KernelInversions, EveryOrder) {
-  for (int n : product_shapes::unless_emulated(product_shapes::up_to(140), all_orders())) {
+  for (int n : product_shapes::all_or_few(product_shapes::up_to(140), all_orders())) {
     nasty::Random random(static_cast<std::uint64_t>(n));
     for (Structure structure : normal_matrices::kAllStructures) {
       EXPECT_EQ(compare(normal_matrices::definite(structure, n, random, Zeros::kPositive), n, "definite"), 0);

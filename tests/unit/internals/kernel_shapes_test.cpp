@@ -10,20 +10,20 @@
 
 namespace {
 
+using product_shapes::all_or_few;
 using product_shapes::Codes;
 using product_shapes::compare;
 using product_shapes::Placement;
 using product_shapes::Product;
 using product_shapes::Space;
-using product_shapes::unless_emulated;
 using product_shapes::up_to;
 
 // Around the heights and widths of the tiles of all instruction sets.
 const std::vector<int> kFew = {1, 2, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 24, 31, 32, 33, 40};
 
-// Slow builds, instrumented ones and emulated processors go through a few extents instead of all.
+// Slow builds, instrumented ones and those that ask for few sizes go through a few extents instead of all.
 std::vector<int> every_extent() {
-#if defined(__OPTIMIZE__) && !defined(ALIDADE_TESTS_EMULATED) && !defined(ALIDADE_TESTS_ADDRESS_SANITIZER)
+#if defined(__OPTIMIZE__) && !defined(ALIDADE_TESTS_FEW_SIZES) && !defined(ALIDADE_TESTS_ADDRESS_SANITIZER)
   return up_to(40);
 #else
   return kFew;
@@ -53,9 +53,9 @@ TEST_P(Shapes, Every) {
 // short sums of few elements in long lines.
 TEST_P(Shapes, Thin) {
   const Product& product = GetParam();
-  const std::vector<int> rows = unless_emulated(up_to(24), {1, 2, 3, 4, 6, 8, 12, 13, 24});
+  const std::vector<int> rows = all_or_few(up_to(24), {1, 2, 3, 4, 6, 8, 12, 13, 24});
   const std::vector<int> thin = {1, 2, 4}, some = {1, 3, 8, 24};
-  const std::vector<int> longer = unless_emulated({41, 48, 63, 64, 65, 96, 127, 128, 129, 257}, {41, 64, 65, 129, 257});
+  const std::vector<int> longer = all_or_few({41, 48, 63, 64, 65, 96, 127, 128, 129, 257}, {41, 64, 65, 129, 257});
   const std::vector<int> inner = {1, 9, 40};
   compare(product, {rows, thin, longer, inner}, Placement::kBeforeGuard);
   compare(product, {thin, rows, longer, inner}, Placement::kBeforeGuard);
