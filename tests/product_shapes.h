@@ -620,25 +620,6 @@ inline void compare(const Product& product, const Space& space, Placement placem
   Comparison(product, space, placement, codes).run();
 }
 
-inline std::vector<int> up_to(int last) {
-  std::vector<int> values;
-  for (int i = 1; i <= last; ++i) {
-    values.push_back(i);
-  }
-  return values;
-}
-
-// The sizes for a test: all, or few of them where the build asks for few.
-inline std::vector<int> all_or_few(const std::vector<int>& all, const std::vector<int>& few) {
-#if defined(ALIDADE_TESTS_FEW_SIZES)
-  static_cast<void>(all);
-  return few;
-#else
-  static_cast<void>(few);
-  return all;
-#endif
-}
-
 }  // namespace product_shapes
 
 #endif

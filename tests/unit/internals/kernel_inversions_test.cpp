@@ -18,6 +18,7 @@
 #include "normal_matrices.h"
 #include "product_shapes.h"
 #include "reference/inversion.h"
+#include "sizes.h"
 
 namespace {
 
@@ -62,13 +63,13 @@ private:
 const std::vector<int> kBeyondForty = {41, 47, 48, 49, 63, 64, 65, 66, 79, 95, 96, 97, 98, 112, 127, 128, 129, 140};
 
 std::vector<int> all_orders() {
-  std::vector<int> orders = product_shapes::up_to(40);
+  std::vector<int> orders = sizes::up_to(40);
   orders.insert(orders.end(), kBeyondForty.begin(), kBeyondForty.end());
   return orders;
 }
 
 TEST_F(KernelInversions, EveryOrder) {
-  for (int n : product_shapes::all_or_few(product_shapes::up_to(140), all_orders())) {
+  for (int n : sizes::all_or_few(sizes::up_to(140), all_orders())) {
     nasty::Random random(static_cast<std::uint64_t>(n));
     for (Structure structure : normal_matrices::kAllStructures) {
       EXPECT_EQ(compare(normal_matrices::definite(structure, n, random, Zeros::kPositive), n, "definite"), 0);

@@ -7,19 +7,21 @@
 #include <vector>
 
 #include "product_shapes.h"
+#include "sizes.h"
 
 namespace {
 
-using product_shapes::all_or_few;
 using product_shapes::Codes;
 using product_shapes::compare;
 using product_shapes::Placement;
 using product_shapes::Product;
 using product_shapes::Space;
-using product_shapes::up_to;
+using sizes::all_or_few;
+using sizes::up_to;
 
 // Around the heights and widths of the tiles of all instruction sets.
-const std::vector<int> kFew = {1, 2, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 24, 31, 32, 33, 40};
+const std::vector<int> kFew =
+    all_or_few({1, 2, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 24, 31, 32, 33, 40}, {1, 2, 3, 4, 5, 8, 9, 12, 17, 33});
 
 // Slow builds, instrumented ones and those that ask for few sizes go through a few extents instead of all.
 std::vector<int> every_extent() {
