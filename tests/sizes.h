@@ -1,8 +1,8 @@
 #ifndef ALIDADE_TESTS_SIZES_H
 #define ALIDADE_TESTS_SIZES_H
 
-// How many sizes a loop of the tests goes through: all of them, or few where the build asks for few, because its
-// processor is emulated or because the same tests run many times.
+// How many sizes or cases a loop of the tests goes through: all of them, or few where the build asks for few, because
+// its processor is emulated or because the same tests run many times.
 
 #include <vector>
 
@@ -17,7 +17,7 @@ inline std::vector<int> up_to(int last) {
 }
 
 template <class T>
-const T& choose(const T& all, const T& few) {
+constexpr const T& choose(const T& all, const T& few) {
 #if defined(ALIDADE_TESTS_FEW_SIZES)
   static_cast<void>(all);
   return few;
@@ -30,7 +30,7 @@ const T& choose(const T& all, const T& few) {
 inline std::vector<int> all_or_few(const std::vector<int>& all, const std::vector<int>& few) {
   return choose(all, few);
 }
-inline int all_or_few(int all, int few) { return choose(all, few); }
+constexpr int all_or_few(int all, int few) { return choose(all, few); }
 
 }  // namespace sizes
 

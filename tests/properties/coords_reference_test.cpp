@@ -10,10 +10,11 @@
 #include "bits.h"
 #include "coords_inputs.h"
 #include "reference/coords.h"
+#include "sizes.h"
 
 namespace {
 
-constexpr int kCases = 150000;
+constexpr int kCases = sizes::all_or_few(150000, 25000);
 
 Coord coord(const inputs::Vector& v) { return Coord(v[0], v[1], v[2]); }
 TAbstractPoint3<double> point(const inputs::Vector& v) { return TAbstractPoint3<double>(v.data()); }

@@ -9,10 +9,11 @@
 #include "bits.h"
 #include "plane_inputs.h"
 #include "reference/geometry.h"
+#include "sizes.h"
 
 namespace {
 
-constexpr int kCases = 120000;
+constexpr int kCases = sizes::all_or_few(120000, 20000);
 constexpr double kEpsilon = std::numeric_limits<double>::epsilon();
 
 using Point2 = TAbstractPoint2<double>;

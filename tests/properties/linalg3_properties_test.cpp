@@ -7,10 +7,11 @@
 
 #include "bits.h"
 #include "covariances.h"
+#include "sizes.h"
 
 namespace {
 
-constexpr int kRounds = 20000;
+constexpr int kRounds = sizes::all_or_few(20000, 3333);
 constexpr double kUnit = 0x1p-53;
 
 covar covariance(const double* v) { return {v[0], v[1], v[2], v[3], v[4], v[5]}; }

@@ -11,10 +11,11 @@
 #include "bits.h"
 #include "covariances.h"
 #include "reference/linalg3.h"
+#include "sizes.h"
 
 namespace {
 
-constexpr int kRounds = 120000;
+constexpr int kRounds = sizes::all_or_few(120000, 20000);
 
 covar covariance(const double* v) { return {v[0], v[1], v[2], v[3], v[4], v[5]}; }
 

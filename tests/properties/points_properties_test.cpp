@@ -8,10 +8,11 @@
 #include "plane_inputs.h"
 #include "reference/points.h"
 #include "reference/rectangles.h"
+#include "sizes.h"
 
 namespace {
 
-constexpr int kCases = 100000;
+constexpr int kCases = sizes::all_or_few(100000, 16666);
 
 using Rect = TAbstractRect<double>;
 using Point2 = TAbstractPoint2<double>;

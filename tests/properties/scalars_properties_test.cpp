@@ -10,10 +10,11 @@
 #include "bits.h"
 #include "plane_inputs.h"
 #include "reference/scalars.h"
+#include "sizes.h"
 
 namespace {
 
-constexpr int kCases = 100000;
+constexpr int kCases = sizes::all_or_few(100000, 16666);
 
 int draw_int(PlaneInputs& inputs) {
   switch (inputs.below(3)) {

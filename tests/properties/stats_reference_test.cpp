@@ -6,10 +6,11 @@
 #include "bits.h"
 #include "coords_inputs.h"
 #include "reference/stats.h"
+#include "sizes.h"
 
 namespace {
 
-constexpr int kCases = 120000;
+constexpr int kCases = sizes::all_or_few(120000, 20000);
 
 TEST(StatsReference, ChiSquare) {
   inputs::Source source(11);
