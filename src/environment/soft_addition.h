@@ -86,6 +86,9 @@ constexpr Bits sum(Bits a, Bits b) {
     return rounded(sign, exponent, total);
   }
   Bits difference = a_significand - b_significand;
+  if (difference >= kTop) {  // the usual case, and leading zeros are costly to count
+    return rounded(sign, exponent, difference);
+  }
   if (difference == 0) {
     return 0;
   }
