@@ -184,7 +184,8 @@ def chapter_goals(out, figures):
     table(out, ["work", "goal", "reached", "met", "what limits it"],
           [[g.work, g.goal, g.reached, "yes" if g.met else "**no**", "" if g.met else LIMITS[g.why]] for g in goals])
     out += ["Machines without vectors of doubles (soft-float ARM) and compilers without vector extensions get the plain "
-            "loops when the library is built; these are measured above as one of the variants.", ""]
+            "loops when the library is built; these are measured above as one of the variants. "
+            "ARM without floating-point unit adds by a routine of the library, see docs/reproducibility.md.", ""]
 
 
 def chapter_family(out, figures, works):
