@@ -44,7 +44,7 @@ TEST_P(ProductsBesideGuardPages, After) {
 
 // Several blocks of rows and of terms, of sizes around the blocks' own.
 TEST_P(ProductsBesideGuardPages, LargeShapes) {
-  const std::vector<int> large = sizes::all_or_few({49, 64, 97, 130}, {65});
+  const std::vector<int> large = sizes::all_or_few({49, 64, 97, 130}, {49});
   const std::vector<int> terms = sizes::all_or_few({63, 129}, {63});
   const std::vector<int> long_sum = sizes::all_or_few({257, 521}, {257});
   for (Placement placement : {Placement::kBeforeGuard, Placement::kAfterGuard}) {
