@@ -22,7 +22,7 @@ extern const Ellipsoid reference_ellipsoid;
 
 // Marks a constant that must be ready before any static initialiser of the host runs, also in the static library, where
 // the order between source files is otherwise open. 101 is the first priority that programs may use.
-#if defined(__GNUC__) && (defined(__ELF__) || defined(__MINGW32__))
+#if defined(__GNUC__) && (defined(__ELF__) || defined(__MINGW32__) || defined(__wasm__))
 #define ALIDADE_INITIALISE_FIRST __attribute__((init_priority(101)))
 #else
 #define ALIDADE_INITIALISE_FIRST

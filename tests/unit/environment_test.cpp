@@ -39,8 +39,8 @@ TEST_F(EnvironmentFaults, EveryOtherRoundingModeIsReported) {
            FE_TOWARDZERO,
 #endif
            FE_TONEAREST}) {
-    if (mode == FE_TONEAREST || std::fesetround(mode) != 0) {
-      continue;  // the soft-float ABI of ARM knows the other names but refuses to set them
+    if (mode == FE_TONEAREST || std::fesetround(mode) != 0 || std::fegetround() != mode) {
+      continue;  // the soft-float ABI of ARM knows the other names but refuses to set them, WebAssembly ignores them
     }
     ++tried;
     const unsigned faults = alidade::environment_faults();
