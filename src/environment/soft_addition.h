@@ -3,8 +3,8 @@
 
 // Additions of IEEE 754 doubles, rounded to nearest, ties to even, out of integer operations alone; and the conversions
 // to double that share their rounding. For processors without floating-point unit whose run-time library rounds
-// wrongly, see arm_run_time.cpp. The steps are those of the handbook (Muller et al., Handbook of Floating-Point
-// Arithmetic, section 7.3): align with three extra bits, the last of them sticky; add; normalise; round once.
+// wrongly, see arm_run_time.cpp. The steps are those of Muller et al., Handbook of Floating-Point Arithmetic, 2nd
+// edition, section 7.3: align with three extra bits, the last of them sticky; add; normalise; round once.
 
 #include <cstdint>
 
