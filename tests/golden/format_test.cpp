@@ -6,11 +6,11 @@
 #include <limits>
 #include <random>
 
-#include "bits.h"
 #include "golden/case.h"
 #include "golden/hash.h"
 #include "golden/hex_float.h"
 #include "golden/inputs.h"
+#include "support/bits.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 #include <cstdint>
 #include <cstring>
 
-#include "bits.h"
-#include "coords_inputs.h"
 #include "reference/coords.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/coords_inputs.h"
+#include "support/sizes.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <cmath>
 #include <limits>
 
-#include "bits.h"
-#include "plane_inputs.h"
 #include "reference/geometry.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/plane_inputs.h"
+#include "support/sizes.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "bits.h"
-#include "covariances.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/covariances.h"
+#include "support/sizes.h"
 
 namespace {
 

@@ -8,10 +8,10 @@
 #include <cstddef>
 #include <cstring>
 
-#include "bits.h"
-#include "covariances.h"
 #include "reference/linalg3.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/covariances.h"
+#include "support/sizes.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 
 #include <cmath>
 
-#include "bits.h"
-#include "plane_inputs.h"
 #include "reference/points.h"
 #include "reference/rectangles.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/plane_inputs.h"
+#include "support/sizes.h"
 
 namespace {
 

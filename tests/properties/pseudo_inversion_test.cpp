@@ -8,8 +8,8 @@
 #include <limits>
 #include <vector>
 
-#include "nasty.h"
-#include "normal_matrices.h"
+#include "support/nasty.h"
+#include "support/normal_matrices.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 #include <cstring>
 #include <limits>
 
-#include "bits.h"
-#include "plane_inputs.h"
 #include "reference/scalars.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/plane_inputs.h"
+#include "support/sizes.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 #include <alidade/stats.h>
 #include <gtest/gtest.h>
 
-#include "bits.h"
-#include "coords_inputs.h"
 #include "reference/stats.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/coords_inputs.h"
+#include "support/sizes.h"
 
 namespace {
 

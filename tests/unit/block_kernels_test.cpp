@@ -5,8 +5,8 @@
 #include <iterator>
 #include <vector>
 
-#include "bits.h"
 #include "reference/blocks.h"
+#include "support/bits.h"
 
 namespace {
 

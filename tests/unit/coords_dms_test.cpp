@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "bits.h"
+#include "support/bits.h"
 
 namespace {
 

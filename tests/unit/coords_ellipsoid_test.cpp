@@ -8,9 +8,9 @@
 #include <cstdint>
 #include <limits>
 
-#include "bits.h"
-#include "coords_inputs.h"
 #include "reference/coords.h"
+#include "support/bits.h"
+#include "support/coords_inputs.h"
 
 namespace {
 

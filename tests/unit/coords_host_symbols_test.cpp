@@ -6,8 +6,8 @@
 
 #include <cstdint>
 
-#include "bits.h"
 #include "reference/coords.h"
+#include "support/bits.h"
 
 // Windows binds the library's names inside the DLL by itself; AddressSanitizer takes a second definition of a variable
 // for a mistake, which here it is not.

@@ -6,8 +6,8 @@
 #include <cfloat>
 #include <cmath>
 
-#include "bits.h"
-#include "coords_inputs.h"
+#include "support/bits.h"
+#include "support/coords_inputs.h"
 
 namespace {
 

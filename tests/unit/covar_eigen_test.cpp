@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "bits.h"
+#include "support/bits.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <limits>
 #include <type_traits>
 
-#include "bits.h"
+#include "support/bits.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <sstream>
 #include <string>
 
-#include "bits.h"
+#include "support/bits.h"
 
 namespace {
 

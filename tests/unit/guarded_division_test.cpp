@@ -6,7 +6,7 @@
 #include <csignal>
 #include <limits>
 
-#include "bits.h"
+#include "support/bits.h"
 
 #if defined(_WIN32)
 #include <float.h>

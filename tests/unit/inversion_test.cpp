@@ -4,8 +4,8 @@
 #include <limits>
 #include <vector>
 
-#include "bits.h"
-#include "inversion_cases.h"
+#include "support/bits.h"
+#include "support/inversion_cases.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include <alidade/matrix.h>
 #include <gtest/gtest.h>
 
-#include "bits.h"
-#include "operator_cases.h"
+#include "support/bits.h"
+#include "support/operator_cases.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include <alidade/matrix.h>
 #include <gtest/gtest.h>
 
-#include "bits.h"
-#include "product_cases.h"
+#include "support/bits.h"
+#include "support/product_cases.h"
 
 namespace {
 

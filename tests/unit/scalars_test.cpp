@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "bits.h"
+#include "support/bits.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <cmath>
 #include <limits>
 
-#include "bits.h"
 #include "reference/stats.h"
+#include "support/bits.h"
 
 namespace {
 

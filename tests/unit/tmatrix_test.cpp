@@ -5,8 +5,8 @@
 #include <type_traits>
 #include <vector>
 
-#include "bits.h"
 #include "reference/blocks.h"
+#include "support/bits.h"
 
 namespace {
 

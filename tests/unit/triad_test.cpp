@@ -7,7 +7,7 @@
 #include <new>
 #include <type_traits>
 
-#include "bits.h"
+#include "support/bits.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "bits.h"
+#include "support/bits.h"
 
 #if defined(__linux__)
 #include <sys/mman.h>

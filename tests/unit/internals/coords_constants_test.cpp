@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "bits.h"
 #include "coords/angle_constants.h"
 #include "coords/ellipsoid.h"
+#include "support/bits.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <alidade/coords.h>
 #include <gtest/gtest.h>
 
-#include "bits.h"
 #include "coords/ellipsoid.h"
+#include "support/bits.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include <new>
 #include <vector>
 
-#include "bits.h"
-#include "nasty.h"
-#include "normal_matrices.h"
+#include "support/bits.h"
+#include "support/nasty.h"
+#include "support/normal_matrices.h"
 
 namespace {
 

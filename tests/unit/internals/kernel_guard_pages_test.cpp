@@ -10,16 +10,16 @@
 #include <string>
 #include <vector>
 
-#include "bits.h"
-#include "guarded_buffer.h"
-#include "kernel_sets.h"
 #include "linalg3/products3.h"
-#include "nasty.h"
-#include "normal_matrices.h"
-#include "product_shapes.h"
 #include "reference/inversion.h"
 #include "reference/linalg3.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/guarded_buffer.h"
+#include "support/kernel_sets.h"
+#include "support/nasty.h"
+#include "support/normal_matrices.h"
+#include "support/product_shapes.h"
+#include "support/sizes.h"
 
 namespace {
 

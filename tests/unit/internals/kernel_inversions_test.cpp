@@ -12,13 +12,13 @@
 #include <string>
 #include <vector>
 
-#include "bits.h"
-#include "kernel_sets.h"
-#include "nasty.h"
-#include "normal_matrices.h"
-#include "product_shapes.h"
 #include "reference/inversion.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/kernel_sets.h"
+#include "support/nasty.h"
+#include "support/normal_matrices.h"
+#include "support/product_shapes.h"
+#include "support/sizes.h"
 
 namespace {
 

@@ -9,10 +9,10 @@
 #include <cstdint>
 #include <vector>
 
-#include "kernel_sets.h"
-#include "nasty.h"
-#include "normal_matrices.h"
 #include "reference/inversion.h"
+#include "support/kernel_sets.h"
+#include "support/nasty.h"
+#include "support/normal_matrices.h"
 
 #if defined(__linux__) && defined(__x86_64__) && defined(__GLIBC__)
 #include <signal.h>

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "product_shapes.h"
-#include "sizes.h"
+#include "support/product_shapes.h"
+#include "support/sizes.h"
 
 namespace {
 

@@ -8,17 +8,17 @@
 #include <string>
 #include <vector>
 
-#include "bits.h"
-#include "inversion_cases.h"
-#include "kernel_sets.h"
 #include "linalg3/products3.h"
 #include "matrix/kernels/dispatch.h"
-#include "nasty.h"
-#include "operator_cases.h"
-#include "product_cases.h"
-#include "product_shapes.h"
 #include "reference/linalg3.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/inversion_cases.h"
+#include "support/kernel_sets.h"
+#include "support/nasty.h"
+#include "support/operator_cases.h"
+#include "support/product_cases.h"
+#include "support/product_shapes.h"
+#include "support/sizes.h"
 
 namespace {
 

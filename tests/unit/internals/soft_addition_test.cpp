@@ -10,8 +10,8 @@
 #include <cstring>
 #include <limits>
 
-#include "bits.h"
-#include "nasty.h"
+#include "support/bits.h"
+#include "support/nasty.h"
 
 namespace {
 

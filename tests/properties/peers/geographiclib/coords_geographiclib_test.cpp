@@ -7,7 +7,7 @@
 #include <GeographicLib/LocalCartesian.hpp>
 #include <cmath>
 
-#include "coords_inputs.h"
+#include "support/coords_inputs.h"
 
 namespace {
 

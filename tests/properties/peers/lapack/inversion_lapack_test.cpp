@@ -9,8 +9,8 @@
 #include <limits>
 #include <vector>
 
-#include "nasty.h"
-#include "normal_matrices.h"
+#include "support/nasty.h"
+#include "support/normal_matrices.h"
 
 extern "C" {
 // The trailing argument is the hidden length of the character argument.

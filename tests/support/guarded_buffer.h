@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_GUARDED_BUFFER_H
-#define ALIDADE_TESTS_GUARDED_BUFFER_H
+#ifndef ALIDADE_TESTS_SUPPORT_GUARDED_BUFFER_H
+#define ALIDADE_TESTS_SUPPORT_GUARDED_BUFFER_H
 
 // Memory between two pages that cannot be accessed: one element read or written too far on that side ends the program,
 // also where a vector instruction is masked or the element would never be used. Where there are no such pages (no

@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_INVERSION_CASES_H
-#define ALIDADE_TESTS_INVERSION_CASES_H
+#ifndef ALIDADE_TESTS_SUPPORT_INVERSION_CASES_H
+#define ALIDADE_TESTS_SUPPORT_INVERSION_CASES_H
 
 // The inversions against their references, bit for bit. The functions call the public names only and can be run again
 // after another set of kernels has been selected.
@@ -12,11 +12,11 @@
 #include <limits>
 #include <vector>
 
-#include "bits.h"
-#include "nasty.h"
-#include "normal_matrices.h"
 #include "reference/inversion.h"
-#include "sizes.h"
+#include "support/bits.h"
+#include "support/nasty.h"
+#include "support/normal_matrices.h"
+#include "support/sizes.h"
 
 namespace inversion_cases {
 

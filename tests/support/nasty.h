@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_NASTY_H
-#define ALIDADE_TESTS_NASTY_H
+#ifndef ALIDADE_TESTS_SUPPORT_NASTY_H
+#define ALIDADE_TESTS_SUPPORT_NASTY_H
 
 // Seeded random inputs of the unpleasant kinds, and buffers that notice a write or a read outside their bounds.
 
@@ -12,7 +12,7 @@
 #include <memory>
 #include <string>
 
-#include "bits.h"
+#include "support/bits.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #define ALIDADE_TESTS_ADDRESS_SANITIZER

@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_BITS_H
-#define ALIDADE_TESTS_BITS_H
+#ifndef ALIDADE_TESTS_SUPPORT_BITS_H
+#define ALIDADE_TESTS_SUPPORT_BITS_H
 
 // Comparison of floating-point results by bit pattern: -0.0 differs from 0.0, any NaN equals any NaN.
 

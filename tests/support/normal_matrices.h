@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_NORMAL_MATRICES_H
-#define ALIDADE_TESTS_NORMAL_MATRICES_H
+#ifndef ALIDADE_TESTS_SUPPORT_NORMAL_MATRICES_H
+#define ALIDADE_TESTS_SUPPORT_NORMAL_MATRICES_H
 
 // Packed normal matrices of the structures that adjustments produce.
 
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "nasty.h"
+#include "support/nasty.h"
 
 namespace normal_matrices {
 

@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_COORDS_INPUTS_H
-#define ALIDADE_TESTS_COORDS_INPUTS_H
+#ifndef ALIDADE_TESTS_SUPPORT_COORDS_INPUTS_H
+#define ALIDADE_TESTS_SUPPORT_COORDS_INPUTS_H
 
 // Seeded inputs for the tests of coordinates and quantiles: plausible positions, positions where the conversions are at
 // their worst, and doubles of every kind. The generator and all formulas are fixed, so every run sees the same inputs.

@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_KERNEL_SETS_H
-#define ALIDADE_TESTS_KERNEL_SETS_H
+#ifndef ALIDADE_TESTS_SUPPORT_KERNEL_SETS_H
+#define ALIDADE_TESTS_SUPPORT_KERNEL_SETS_H
 
 // The instruction sets that this machine and this build have. For tests that link the library's objects.
 

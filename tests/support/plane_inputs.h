@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_PLANE_INPUTS_H
-#define ALIDADE_TESTS_PLANE_INPUTS_H
+#ifndef ALIDADE_TESTS_SUPPORT_PLANE_INPUTS_H
+#define ALIDADE_TESTS_SUPPORT_PLANE_INPUTS_H
 
 // Seeded inputs for the plane: numbers, points and lines that are plausible, degenerate, nearly degenerate or absurd.
 // Only raw bits are drawn from the generator, so every platform sees the same sequence.
@@ -9,7 +9,7 @@
 #include <limits>
 #include <random>
 
-#include "bits.h"
+#include "support/bits.h"
 
 class PlaneInputs {
 public:

@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_PRODUCT_CASES_H
-#define ALIDADE_TESTS_PRODUCT_CASES_H
+#ifndef ALIDADE_TESTS_SUPPORT_PRODUCT_CASES_H
+#define ALIDADE_TESTS_SUPPORT_PRODUCT_CASES_H
 
 // The product kernels against their references, bit for bit. The functions call the public names only and can be run
 // again after another set of kernels has been selected.
@@ -11,9 +11,9 @@
 #include <sstream>
 #include <string>
 
-#include "nasty.h"
 #include "reference/products.h"
-#include "sizes.h"
+#include "support/nasty.h"
+#include "support/sizes.h"
 
 namespace product_cases {
 

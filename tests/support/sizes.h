@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_SIZES_H
-#define ALIDADE_TESTS_SIZES_H
+#ifndef ALIDADE_TESTS_SUPPORT_SIZES_H
+#define ALIDADE_TESTS_SUPPORT_SIZES_H
 
 // How many sizes or cases a loop of the tests goes through: all of them, or few where the build asks for few, because
 // its processor is emulated or because the same tests run many times.

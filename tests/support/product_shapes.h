@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_PRODUCT_SHAPES_H
-#define ALIDADE_TESTS_PRODUCT_SHAPES_H
+#ifndef ALIDADE_TESTS_SUPPORT_PRODUCT_SHAPES_H
+#define ALIDADE_TESTS_SUPPORT_PRODUCT_SHAPES_H
 
 // Every product of the library over a whole space of shapes, on every instruction set, bit for bit against the literal
 // references, with all operands in buffers of exactly the size that the shape implies, beside inaccessible memory.
@@ -22,13 +22,13 @@
 #include <utility>
 #include <vector>
 
-#include "bits.h"
-#include "guarded_buffer.h"
-#include "kernel_sets.h"
-#include "nasty.h"
-#include "product_cases.h"
 #include "reference/operators.h"
 #include "reference/products.h"
+#include "support/bits.h"
+#include "support/guarded_buffer.h"
+#include "support/kernel_sets.h"
+#include "support/nasty.h"
+#include "support/product_cases.h"
 
 namespace product_shapes {
 

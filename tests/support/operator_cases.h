@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_OPERATOR_CASES_H
-#define ALIDADE_TESTS_OPERATOR_CASES_H
+#ifndef ALIDADE_TESTS_SUPPORT_OPERATOR_CASES_H
+#define ALIDADE_TESTS_SUPPORT_OPERATOR_CASES_H
 
 // The operator family against its reference, bit for bit. The functions call the public names only and can be run again
 // after another set of kernels has been selected.
@@ -11,9 +11,9 @@
 #include <sstream>
 #include <string>
 
-#include "nasty.h"
-#include "product_cases.h"
 #include "reference/operators.h"
+#include "support/nasty.h"
+#include "support/product_cases.h"
 
 namespace operator_cases {
 

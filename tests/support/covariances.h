@@ -1,5 +1,5 @@
-#ifndef ALIDADE_TESTS_COVARIANCES_H
-#define ALIDADE_TESTS_COVARIANCES_H
+#ifndef ALIDADE_TESTS_SUPPORT_COVARIANCES_H
+#define ALIDADE_TESTS_SUPPORT_COVARIANCES_H
 
 // Seeded inputs of order three: ordinary covariances, and those at which formulas branch or break.
 
