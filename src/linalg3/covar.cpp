@@ -1,11 +1,9 @@
 #include <alidade/linalg3.h>
-#include <alidade/matrix.h>
 
 #include <cstring>
 
-#include "linalg3/products3.h"
-#include "matrix/block_transfer.h"
 #include "matrix/packed_index.h"
+#include "matrix/products3.h"
 #include "strict_arithmetic.h"
 
 namespace {
@@ -21,11 +19,6 @@ covar::covar(double v00, double v10, double v11, double v20, double v21, double 
     : v_{v00, v10, v11, v20, v21, v22} {}
 
 covar::covar(const triad& s) : v_{s[0] * s[0], 0.0, s[1] * s[1], 0.0, 0.0, s[2] * s[2]} {}
-
-// The transfer fills all six elements.
-covar::covar(TSMatrix& S, int k) {  // NOLINT(cppcoreguidelines-pro-type-member-init)
-  alidade::block_transfer_packed_diagonal(S, k, 3, '>', v_);
-}
 
 covar::covar(const matr3_3& M)
     : v_{symmetric_sum(M, 0, 0), symmetric_sum(M, 1, 0), symmetric_sum(M, 1, 1),

@@ -1,12 +1,9 @@
-#include "linalg3/covar_inverse.h"
-
 #include <alidade/linalg3.h>
 
 #include <cmath>
 
 #include "strict_arithmetic.h"
 
-namespace alidade {
 namespace {
 
 // Below this magnitude of the determinant a covariance counts as singular.
@@ -14,7 +11,7 @@ constexpr double kSmallestDeterminant = 1e-60;  // 0x1.9b604aaaca626p-200
 
 }  // namespace
 
-int invert_covariance(covar& v) {
+int InvertSMatr3(covar& v) {
   const double a = v[0];
   const double b = v[1];
   const double c = v[2];
@@ -38,7 +35,3 @@ int invert_covariance(covar& v) {
   v[5] = (a * c - b * b) * reciprocal;
   return determinant < 0.0 ? -2 : 0;
 }
-
-}  // namespace alidade
-
-int InvertSMatr3(covar& V) { return alidade::invert_covariance(V); }

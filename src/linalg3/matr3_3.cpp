@@ -1,18 +1,11 @@
 #include <alidade/linalg3.h>
-#include <alidade/matrix.h>
 
-#include "linalg3/products3.h"
-#include "matrix/block_transfer.h"
+#include "matrix/products3.h"
 #include "strict_arithmetic.h"
 
 matr3_3::matr3_3(int /*ignored*/) : m_{0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0} {}
 
 matr3_3::matr3_3(const covar& V) : m_{V[0], V[1], V[3], V[1], V[2], V[4], V[3], V[4], V[5]} {}
-
-// In both block constructors the transfer fills all nine elements.
-matr3_3::matr3_3(TSMatrix& S, int r, int c) { alidade::block_transfer_packed(S, r, c, 3, 3, '>', m_); }
-
-matr3_3::matr3_3(TMatrix& T, int r, int c) { alidade::block_transfer_dense(T.GetN1(), T, r, c, 3, 3, '>', m_); }
 
 matr3_3& matr3_3::operator=(int /*ignored*/) {
   for (double& element : m_) {

@@ -7,6 +7,7 @@
 #include "matrix/kernels/dispatch.h"
 #include "matrix/kernels/walk.h"
 #include "matrix/plain/plain_kernels.h"
+#include "matrix/products3.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -24,8 +25,8 @@ Operand packed(const double* data) { return {Operand::kPacked, data, 0}; }
 }  // namespace
 
 void matrix_product(const double* a, const double* b, double* c, int n, int m, int k) {
-  if (n == 3 && m == 3 && k == 3 && kernels::active() != nullptr) {
-    kernels::active()->product3(c, a, b);
+  if (n == 3 && m == 3 && k == 3) {
+    dense_product3(a, b, c);
     return;
   }
   const Extent extent = {n, k, m};
@@ -63,8 +64,8 @@ void mixed_product(const double* a, const double* b, double* c, int n, int m, in
 }
 
 void congruence_product(const double* a, const double* q, double* c, int n, int m, char op) {
-  if (n == 3 && m == 3 && op != '+' && op != '-' && op != '|' && kernels::active() != nullptr) {
-    kernels::active()->congruence3(c, a, q);
+  if (n == 3 && m == 3 && op != '+' && op != '-' && op != '|') {
+    congruence_product3(a, q, c);
     return;
   }
   const Extent extent = {n, n, m};

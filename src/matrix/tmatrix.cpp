@@ -1,4 +1,3 @@
-#include <alidade/linalg3.h>
 #include <alidade/matrix.h>
 
 #include <algorithm>
@@ -97,8 +96,4 @@ void TMatrix::SubMatrix(int i0, int j0, int n1, int n2, char op, double* buf) {
 
 void TMatrix::SubMatrix(int i0, int j0, char op, TMatrix& M) {
   alidade::block_transfer_dense(n1_, data_, i0, j0, M.n1_, M.n2_, op, M.data_);
-}
-
-void TMatrix::SubMatrix(int i0, int j0, char op, matr3_3& M) {
-  alidade::block_transfer_dense(n1_, data_, i0, j0, 3, 3, op, M);
 }

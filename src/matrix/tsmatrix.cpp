@@ -1,4 +1,3 @@
-#include <alidade/linalg3.h>
 #include <alidade/matrix.h>
 
 #include <algorithm>
@@ -85,10 +84,6 @@ void TSMatrix::BlockOper(int i0, int j0, char op, TMatrix& M) {
   alidade::block_transfer_packed(data_, i0, j0, M.GetN1(), M.GetN2(), op, M);
 }
 
-void TSMatrix::BlockOper(int i0, int j0, char op, matr3_3& M) {
-  alidade::block_transfer_packed(data_, i0, j0, 3, 3, op, M);
-}
-
 void TSMatrix::BlockOper(int i0, int n, char op, double* buf) {
   alidade::block_transfer_packed_diagonal(data_, i0, n, op, buf);
 }
@@ -96,5 +91,3 @@ void TSMatrix::BlockOper(int i0, int n, char op, double* buf) {
 void TSMatrix::BlockOper(int i0, char op, TSMatrix& T) {
   alidade::block_transfer_packed_diagonal(data_, i0, T.dim1_, op, T.data_);
 }
-
-void TSMatrix::BlockOper(int i0, char op, covar& V) { alidade::block_transfer_packed_diagonal(data_, i0, 3, op, V); }

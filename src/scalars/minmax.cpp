@@ -13,7 +13,8 @@ namespace {
 // `values` holds the arguments from the second one on; the caller ends it.
 template <class Value, class Beyond>
 Value extreme(int n, Value first, std::va_list values, Beyond beyond) {
-  // Not a loop that tests after its body: with the smallest int as count GCC 12 at -O3 for s390x reads a value too many.
+  // Not a loop that tests after its body: with the smallest int as count GCC 12 at -O3 for s390x reads a value too
+  // many.
   const int count = n < 2 ? 2 : n;
   Value result = first;
   for (int read = 1; read < count; ++read) {

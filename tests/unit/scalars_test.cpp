@@ -22,9 +22,9 @@ TEST(CountedMinimumAndMaximum, PublishedCases) {
   EXPECT_EQ(amax1(3, 5.0, 2.0, 9.0), 9.0);
 }
 
-// The second value is read whatever the count; later values only as far as the count goes. Compiled at -O3 for s390x the
-// loop once took the third value, too, for the smallest int as count, and for that alone; both the third and the fourth
-// are there to be seen.
+// The second value is read whatever the count; later values only as far as the count goes. Compiled at -O3 for s390x
+// the loop once took the third value, too, for the smallest int as count, and for that alone; both the third and the
+// fourth are there to be seen.
 TEST(CountedMinimumAndMaximum, ReadAtLeastTwoValues) {
   EXPECT_EQ(min1(1, 7, 3), 3);
   for (int n : {INT_MIN, INT_MIN + 1, -2, -1, 0, 1, 2}) {

@@ -1,5 +1,5 @@
 // Products of order three in vectors of two. Included once per instruction set, after tile.h, inside namespace
-// ALIDADE_ISA. linalg3/products3.h has the same as plain sums.
+// ALIDADE_ISA. matrix/products3.h has the same as plain sums.
 //
 // Two neighbours of the stored result are formed side by side, so that each result is stored once, by whole vectors.
 

@@ -1,5 +1,5 @@
 // Products of order three in vectors of four, for AVX2 and beyond. Included once per instruction set, after tile.h,
-// inside namespace ALIDADE_ISA. linalg3/products3.h has the same as plain sums.
+// inside namespace ALIDADE_ISA. matrix/products3.h has the same as plain sums.
 //
 // A column takes one vector. The results are put together to whole vectors, each stored once: the usual next step is to
 // copy them, and a load that needs two recent stores has to wait for both.

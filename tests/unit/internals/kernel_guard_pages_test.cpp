@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "linalg3/products3.h"
+#include "matrix/products3.h"
 #include "reference/inversion.h"
 #include "reference/linalg3.h"
 #include "support/bits.h"

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "linalg3/products3.h"
 #include "matrix/kernels/dispatch.h"
+#include "matrix/products3.h"
 #include "reference/linalg3.h"
 #include "support/bits.h"
 #include "support/inversion_cases.h"

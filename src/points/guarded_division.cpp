@@ -1,4 +1,4 @@
-#include "geometry/guarded_division.h"
+#include "points/guarded_division.h"
 
 #include "held_environment.h"
 #include "strict_arithmetic.h"

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "geometry/guarded_division.h"
-#include "geometry/instantiation.h"
+#include "points/guarded_division.h"
+#include "points/instantiation.h"
 #include "strict_arithmetic.h"
 #include "truncate.h"
 

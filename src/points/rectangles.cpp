@@ -1,6 +1,6 @@
 #include <alidade/points.h>
 
-#include "geometry/instantiation.h"
+#include "points/instantiation.h"
 #include "strict_arithmetic.h"
 #include "truncate.h"
 

@@ -1,5 +1,5 @@
-#ifndef ALIDADE_SRC_LINALG3_PRODUCTS3_H
-#define ALIDADE_SRC_LINALG3_PRODUCTS3_H
+#ifndef ALIDADE_SRC_MATRIX_PRODUCTS3_H
+#define ALIDADE_SRC_MATRIX_PRODUCTS3_H
 
 // Products of order three, written out. Every sum starts at +0.0 and takes its terms in ascending order, as the general
 // kernels do, so that the bits are theirs: without the leading 0.0 a sum of negative zeros would be -0.0.
