@@ -10,7 +10,7 @@ namespace alidade {
 // Semi-major axis of the reference ellipsoid, metres: WGS 84 and GRS 80. Exact.
 constexpr double kSemiMajorAxis = 6378137.0;  // 0x1.854a64p+22
 
-// First eccentricity of the reference ellipsoid. Deliberately this decimal, thirteen digits: the inverse flattening
+// First eccentricity of the reference ellipsoid. Deliberately this decimal of twelve digits: the inverse flattening
 // that belongs to it is 298.25722, between those of GRS 80 (298.257222101) and WGS 84 (298.257223563).
 constexpr double kFirstEccentricity = 0.0818191913305;  // 0x1.4f21a3ef31d32p-4
 

@@ -13,7 +13,7 @@ namespace {
 constexpr double kZeroOfDifference = 0x1p-1021;  // twice the smallest normal double
 constexpr double kZeroOfSlope = 0x1.8p-1021;     // three times the smallest normal double
 
-// A NaN is less than nothing, hence not zero.
+// A NaN is not below any limit, hence not zero.
 bool is_zero_difference(double v) { return std::fabs(v) < kZeroOfDifference; }
 bool is_zero_slope(double v) { return std::fabs(v) < kZeroOfSlope; }
 
