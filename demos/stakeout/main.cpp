@@ -28,7 +28,7 @@ bool write_file(const std::string& path, const std::string& text) {
 
 // All is computed before anything is written or printed.
 int run(const Options& options) {
-  const RoadPlan plan = read_road_plan_file(options.input.empty() ? STAKEOUT_DEFAULT_INPUT : options.input);
+  const RoadPlan plan = read_road_plan_file(options.input.empty() ? DEFAULT_INPUT : options.input);
   const Alignment alignment(plan);
   const std::string text = report(plan, alignment);
   const std::string drawing = svg(make_site_plan(plan, alignment));

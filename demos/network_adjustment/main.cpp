@@ -61,7 +61,7 @@ bool write_file(const std::string& path, const std::string& text) {
 }
 
 int run(const Options& options) {
-  const Network network = read_network_file(options.input.empty() ? NETWORK_ADJUSTMENT_DEFAULT_INPUT : options.input);
+  const Network network = read_network_file(options.input.empty() ? DEFAULT_INPUT : options.input);
   const int base =
       options.base.empty() ? find_station(network, kDefaultBase) : expect_station(network, options.base, "--base");
   const std::vector<int> rovers = find_rovers(network, options, base);
