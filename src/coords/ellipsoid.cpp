@@ -1,7 +1,6 @@
 #include "coords/ellipsoid.h"
 
-#include <cmath>
-
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 // The members are declared, and so initialised, in this order. The derived values are computed, not typed in.
@@ -11,7 +10,7 @@ Ellipsoid::Ellipsoid(const double& semi_major_axis, const double& first_eccentri
       e2(e * e),
       ep2(e2 / (1.0 - e2)),
       onePlusEp2(ep2 + 1.0),
-      c(a / std::sqrt(1.0 - e2)) {}
+      c(a / alidade::square_root(1.0 - e2)) {}
 
 namespace alidade {
 

@@ -7,6 +7,7 @@
 #include "coords/angle_constants.h"
 #include "coords/ellipsoid.h"
 #include "floating_class.h"
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -59,7 +60,7 @@ double tangent_of_latitude(double start, double k) {
   double t = start;
   double t_squared = start * start;
   for (;;) {
-    const double next = (t / std::sqrt(ellipsoid.onePlusEp2 + t_squared)) * k + start;
+    const double next = (t / square_root(ellipsoid.onePlusEp2 + t_squared)) * k + start;
     t_squared = next * next;
     const double step = next - t;
     t = next;
@@ -72,10 +73,12 @@ double tangent_of_latitude(double start, double k) {
 }  // namespace
 }  // namespace alidade
 
+using alidade::square_root;
+
 Coord& Coord::blh2xyz(const GeoCoord& g) {
   const Ellipsoid& ellipsoid = alidade::reference_ellipsoid;
   const double s = std::sin(g.b);
-  const double N = ellipsoid.a / std::sqrt(1.0 - (ellipsoid.e2 * s) * s);  // prime vertical radius of curvature
+  const double N = ellipsoid.a / square_root(1.0 - (ellipsoid.e2 * s) * s);  // prime vertical radius of curvature
   const double hn = g.h + N;
   z = (hn - ellipsoid.e2 * N) * s;
   const double w = std::cos(g.b) * hn;  // distance from the polar axis
@@ -93,7 +96,7 @@ GeoCoord& GeoCoord::xyz2blh(const Coord& position) {
   const double x = position.x;
   const double y = position.y;
   const double z = position.z;
-  const double p = std::sqrt(y * y + x * x);
+  const double p = square_root(y * y + x * x);
 
   if (p < alidade::kOnAxisRadius) {
     l = 0.0;
@@ -102,7 +105,7 @@ GeoCoord& GeoCoord::xyz2blh(const Coord& position) {
       b = 0.0;
       return *this;
     }
-    h = std::fabs(z) - std::sqrt(1.0 - ellipsoid.e2) * ellipsoid.a;
+    h = std::fabs(z) - square_root(1.0 - ellipsoid.e2) * ellipsoid.a;
     b = z < 0.0 ? -alidade::kHalfPi : alidade::kHalfPi;
     return *this;
   }
@@ -116,7 +119,7 @@ GeoCoord& GeoCoord::xyz2blh(const Coord& position) {
   const double t = alidade::tangent_of_latitude(z * r, k);
   const double t_squared = t * t;
   l = longitude;
-  h = (p - ellipsoid.c / std::sqrt(ellipsoid.onePlusEp2 + t_squared)) * std::sqrt(t_squared + 1.0);
+  h = (p - ellipsoid.c / square_root(ellipsoid.onePlusEp2 + t_squared)) * square_root(t_squared + 1.0);
   b = std::atan(t);
   return *this;
 }

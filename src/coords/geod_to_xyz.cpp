@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "coords/angle_constants.h"
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -24,7 +25,7 @@ struct Shape {
         e2((2.0 - flattening) * flattening),
         q((1.0 - flattening) * (1.0 - flattening)) {}
 
-  double prime_vertical_radius(double sine) const { return a / std::sqrt(1.0 - (sine * sine) * e2); }
+  double prime_vertical_radius(double sine) const { return a / square_root(1.0 - (sine * sine) * e2); }
 
   double a;
   double f;
@@ -49,7 +50,7 @@ void to_cartesian(const Shape& shape, const double* lat, const double* lon, cons
 
 void to_geodetic(const Shape& shape, double* lat, double* lon, double* h, double* x, const double* y, const double* z) {
   const double p_squared = *y * *y + *x * *x;
-  const double p = std::sqrt(p_squared);
+  const double p = square_root(p_squared);
   if (*x == 0.0) {
     *x = *x + kAxisNudge;
   }
@@ -57,7 +58,7 @@ void to_geodetic(const Shape& shape, double* lat, double* lon, double* h, double
   if (lambda < 0.0) {
     lambda = kPi * 2.0 + lambda;
   }
-  const double r = std::sqrt(*z * *z + p_squared);
+  const double r = square_root(*z * *z + p_squared);
   const double s = *z / r;
   double phi = std::asin(s);                     // geocentric latitude
   *h = r - (1.0 - (s * s) * shape.f) * shape.a;  // above the radius a (1 - f sin^2)

@@ -4,6 +4,7 @@
 
 #include "coords/angle_constants.h"
 #include "coords/lengths.h"
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -36,7 +37,7 @@ void Coord::relatCoord(const Coord& target, Coord& neu, PolCoord& polar) const {
   const GeoCoord station(*this);
   const alidade::LocalVector v = alidade::to_local(station.b, station.l, d.x, d.y, d.z);
   neu = Coord(v.north, v.east, v.up);
-  polar.elevation = std::atan2(v.up, std::sqrt(v.north * v.north + v.east * v.east));
+  polar.elevation = std::atan2(v.up, alidade::square_root(v.north * v.north + v.east * v.east));
   double azimuth = std::atan2(v.east, v.north);
   if (azimuth < 0.0) {
     azimuth = azimuth + alidade::kFullTurn;

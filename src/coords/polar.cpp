@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "coords/angle_constants.h"
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 namespace {
@@ -21,8 +22,8 @@ TAbstractPoint3<double> neu_to_polar(const TAbstractPoint3<double>& v) {
   if (horizontal_squared == 0.0 && up == 0.0) {
     return {kUndefined, kUndefined, 0.0};
   }
-  const double distance = std::sqrt(up * up + horizontal_squared);
-  const double elevation = std::atan2(up, std::sqrt(horizontal_squared));
+  const double distance = alidade::square_root(up * up + horizontal_squared);
+  const double elevation = std::atan2(up, alidade::square_root(horizontal_squared));
   double azimuth = std::atan2(east, north);
   if (azimuth < 0.0) {
     azimuth = azimuth + alidade::kFullTurn;

@@ -1,7 +1,7 @@
-#include <cmath>
 #include <limits>
 
 #include "geometry/lines.h"
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -11,7 +11,7 @@ namespace {
 double distance(const Point2& p, const Point2& centre) {
   const double dy = p.y() - centre.y();
   const double dx = p.x() - centre.x();
-  return std::sqrt(dy * dy + dx * dx);
+  return square_root(dy * dy + dx * dx);
 }
 
 // The arc from `start` to `end` about the point that the two lines have in common.

@@ -1,7 +1,6 @@
 #include <alidade/geometry.h>
 
-#include <cmath>
-
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -13,10 +12,10 @@ using Point2 = TAbstractPoint2<double>;
 double cosine_at(const Point2& vertex, const Point2& p1, const Point2& p2) {
   const double dx1 = p1.x() - vertex.x();
   const double dy1 = p1.y() - vertex.y();
-  const double length1 = std::sqrt(dy1 * dy1 + dx1 * dx1);
+  const double length1 = square_root(dy1 * dy1 + dx1 * dx1);
   const double dx2 = p2.x() - vertex.x();
   const double dy2 = p2.y() - vertex.y();
-  const double lengths = std::sqrt(dy2 * dy2 + dx2 * dx2) * length1;
+  const double lengths = square_root(dy2 * dy2 + dx2 * dx2) * length1;
   if (lengths == 0.0) {
     return 1.0;
   }

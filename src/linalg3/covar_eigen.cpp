@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 namespace {
@@ -27,9 +28,9 @@ void plane_axes(double a, double b, double c, AxesBySize& result) {
   const double sine = std::sin(phi);
   result.axis[0] = triad(cosine, sine, 0.0);
   result.axis[1] = triad(-sine, cosine, 0.0);
-  const double r = std::sqrt(4.0 * (b * b) + (a - c) * (a - c));
-  result.size[0] = std::sqrt((r + (a + c)) * 0.5);
-  result.size[1] = std::sqrt(((a + c) - r) * 0.5);
+  const double r = alidade::square_root(4.0 * (b * b) + (a - c) * (a - c));
+  result.size[0] = alidade::square_root((r + (a + c)) * 0.5);
+  result.size[1] = alidade::square_root(((a + c) - r) * 0.5);
 }
 
 // The roots of the characteristic polynomial x^3 + A x^2 + B x + K by the trigonometric solution of the cubic.
@@ -53,7 +54,7 @@ void cubic_roots(const covar& v, double* root) {
   }
 
   const double p = B - (A * A) * kThird;
-  const double g = std::sqrt(p * -kThird);
+  const double g = alidade::square_root(p * -kThird);
   const double h = (2.0 * (A * A) - 9.0 * B) * A * kTwentySeventh;
   const double k = (h + (R - (2.0 * Q + P))) / p;
   // The magnitude of k, not k: kept for compatibility, see the warning at covar::DuserDeigen.
@@ -67,11 +68,11 @@ void cubic_roots(const covar& v, double* root) {
     S0 = std::sin(theta);
   } else {
     // 10.0 where the inverse hyperbolic cosine has 1.0, kept for compatibility: NaN for kappa between 1 and sqrt(10).
-    const double theta = std::log(std::sqrt(kappa * kappa - 10.0) + kappa) / 3.0;
+    const double theta = std::log(alidade::square_root(kappa * kappa - 10.0) + kappa) / 3.0;
     C0 = std::cosh(theta);
     S0 = std::sinh(theta);
   }
-  static const double kSqrt3 = std::sqrt(3.0);
+  constexpr double kSqrt3 = 1.7320508075688772;  // sqrt(3) rounded to nearest, 0x1.bb67ae8584caap+0
   const double m = A * kThird;
   const double y = 2.0 * g;
   root[0] = C0 * y - m;
@@ -131,7 +132,7 @@ triad covar::GetEigen(double eigenvalue) const {
     const double phi = 0.5 * std::atan2(2.0 * b, a - c);
     u = triad(std::cos(phi), -std::sin(phi), 0.0);
   }
-  const double n = 1.0 / std::sqrt(u[2] * u[2] + (u[1] * u[1] + u[0] * u[0]));
+  const double n = 1.0 / alidade::square_root(u[2] * u[2] + (u[1] * u[1] + u[0] * u[0]));
   return {n * u[0], n * u[1], n * u[2]};
 }
 
@@ -142,7 +143,7 @@ matr3_3 covar::DuserDeigen() const {
   const double d = v_[3];
   const double e = v_[4];
   const double f = v_[5];
-  AxesBySize result{{std::sqrt(a), std::sqrt(c), std::sqrt(f)},
+  AxesBySize result{{alidade::square_root(a), alidade::square_root(c), alidade::square_root(f)},
                     {triad(1.0, 0.0, 0.0), triad(0.0, 1.0, 0.0), triad(0.0, 0.0, 1.0)}};
   if (d == 0.0 && e == 0.0) {
     if (b != 0.0) {

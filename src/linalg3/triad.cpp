@@ -1,7 +1,6 @@
 #include <alidade/linalg3.h>
 
-#include <cmath>
-
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 triad::triad(int /*ignored*/) : c_{0.0, 0.0, 0.0} {}
@@ -19,7 +18,7 @@ triad& triad::operator=(int n) {
 
 void triad::sqrt() {
   for (double& component : c_) {
-    component = std::sqrt(component);
+    component = alidade::square_root(component);
   }
 }
 

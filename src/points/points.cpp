@@ -1,9 +1,8 @@
 #include <alidade/points.h>
 
-#include <cmath>
-
 #include "points/guarded_division.h"
 #include "points/instantiation.h"
+#include "square_root.h"
 #include "strict_arithmetic.h"
 #include "truncate.h"
 
@@ -137,7 +136,7 @@ double TAbstractPoint<T, N>::ModuleSq() const {
 
 template <class T, int N>
 double TAbstractPoint<T, N>::Module() const {
-  return std::sqrt(ModuleSq());
+  return alidade::square_root(ModuleSq());
 }
 
 template <class T, int N>

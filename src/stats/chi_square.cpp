@@ -1,7 +1,6 @@
 #include <alidade/stats.h>
 
-#include <cmath>
-
+#include "square_root.h"
 #include "stats/chi_square_tables.h"
 #include "strict_arithmetic.h"
 
@@ -58,7 +57,7 @@ float CHI_1SDE(int level, int df) {
   }
   const double h = alidade::kTwoNinths / df;
   const double z = level == 99 ? alidade::kNormal99 : alidade::kNormal95;
-  return alidade::cubed(df, z * std::sqrt(h) + (1.0 - h));
+  return alidade::cubed(df, z * alidade::square_root(h) + (1.0 - h));
 }
 
 void CHI_2SDE(int level, int df, float* const out) {
@@ -74,7 +73,7 @@ void CHI_2SDE(int level, int df, float* const out) {
     return;
   }
   const double h = alidade::kTwoNinths / df;
-  const double s = alidade::two_sided_normal(level) * std::sqrt(h);
+  const double s = alidade::two_sided_normal(level) * alidade::square_root(h);
   out[0] = alidade::cubed(df, (1.0 - h) - s);
   out[1] = alidade::cubed(df, (1.0 - h) + s);
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "square_root.h"
 #include "strict_arithmetic.h"
 #include "truncate.h"
 
@@ -50,7 +51,7 @@ double normal_quantile(double level) {
   constexpr double kD2 = 0.189269;                // 0x1.839f77292c493p-3
   constexpr double kD3 = 0.001308;                // 0x1.56e264e48626fp-10
   const double v = kTwoLogTwo - 2.0 * std::log(level);
-  const double t = std::sqrt(v);
+  const double t = square_root(v);
   return t - ((v * kC2 + t * kC1) + kC0) / (((t * kD3 + kD2) * v + t * kD1) + 1.0);
 }
 
@@ -86,14 +87,14 @@ double newton_step_even(double r, double q, double nu, int half, double P) {
 
 double newton_step_odd(double r, double q, double nu, int half, double P) {
   const double w = nu / q;
-  double term = std::sqrt(q);
+  double term = square_root(q);
   double sum = 0.0;
   for (int i = 1; i <= half; ++i) {
     const double k = i;
     sum += term;
     term = (k / (k + 0.5)) * term * q;
   }
-  const double theta = std::atan(r / std::sqrt(q));
+  const double theta = std::atan(r / square_root(q));
   return (P - (sum * r + theta) * kTwoOverPi) / ((term * w) * kTwoOverPi);
 }
 
@@ -101,7 +102,7 @@ double newton_step_odd(double r, double q, double nu, int half, double P) {
 double refined_ratio(double T, double nu, double P) {
   const double T_squared = T * T;
   const double r_squared = T_squared / (T_squared + nu);
-  double r = std::sqrt(r_squared);
+  double r = square_root(r_squared);
   double q = 1.0 - r_squared;
   const double half_nu = nu * 0.5;
   const int half = truncate_to_int(half_nu);
@@ -126,7 +127,7 @@ double refined_ratio(double T, double nu, double P) {
 double TAU(int n, int f, double alpha) {
   const double redundancy = f;
   if (alpha <= 0.0) {
-    return std::sqrt(redundancy);
+    return alidade::square_root(redundancy);
   }
   if (alpha > 1.0) {
     return 0.0;
@@ -138,5 +139,5 @@ double TAU(int n, int f, double alpha) {
   }
   const double nu = redundancy - 1.0;
   const double T = alidade::student_from_normal(alidade::normal_quantile(level), nu);
-  return alidade::refined_ratio(T, nu, P) * std::sqrt(redundancy);
+  return alidade::refined_ratio(T, nu, P) * alidade::square_root(redundancy);
 }

@@ -1,12 +1,13 @@
 // Everything of one instruction set. Included by kernels_<isa>.cpp after vector_<isa>.h, with ALIDADE_ISA naming it.
 //
-// All of it stands in a namespace of that name and calls no inline function from elsewhere but compiler intrinsics:
-// otherwise the linker might take, say, a std:: template compiled for AVX-512 into the generic code.
+// All of it stands in a namespace of that name and calls no inline function from elsewhere but compiler intrinsics and
+// square_root: otherwise the linker might take, say, a std:: template compiled for AVX-512 into the generic code.
 
 #include <utility>
 
 #include "matrix/kernels/instances.h"
 #include "matrix/kernels/walk.h"
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {

@@ -115,7 +115,7 @@ std::ptrdiff_t factor_strips(double* square, std::ptrdiff_t order) {
     if (!(column[k] > 0.0)) {
       return k;
     }
-    const double reciprocal = 1.0 / __builtin_sqrt(column[k]);
+    const double reciprocal = 1.0 / alidade::square_root(column[k]);
     const Vector factor = broadcast(&reciprocal);
     Vector l[S * kStripVectors];
     ALIDADE_UNROLL

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <memory>
 
@@ -7,6 +6,7 @@
 #include "matrix/packed_index.h"
 #include "matrix/plain/ordered_sums.h"
 #include "matrix/plain/plain_kernels.h"
+#include "square_root.h"
 #include "strict_arithmetic.h"
 
 namespace alidade::plain {
@@ -85,7 +85,7 @@ int factorise(double* matrix, std::ptrdiff_t n, std::ptrdiff_t first, const Inve
     if (!(pivot > 0.0)) {  // so written that a NaN fails, too
       return static_cast<int>(k) + 1;
     }
-    const double reciprocal = 1.0 / std::sqrt(pivot);
+    const double reciprocal = 1.0 / square_root(pivot);
     row[k] = reciprocal;
     finish_factor_column(matrix, n, k, reciprocal, entries);
   }
