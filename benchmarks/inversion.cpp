@@ -11,7 +11,7 @@
 #include <new>
 #include <string>
 
-#include "matrix/kernels/dispatch.h"
+#include "matrix/kernels/kernels.h"
 #include "peers.h"
 #include "sets.h"
 #include "works.h"

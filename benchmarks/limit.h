@@ -2,7 +2,7 @@
 #define ALIDADE_BENCHMARKS_LIMIT_H
 
 #include "harness.h"
-#include "matrix/kernels/dispatch.h"
+#include "matrix/kernels/kernels.h"
 
 namespace benchmarks {
 

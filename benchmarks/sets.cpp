@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "limit.h"
-#include "matrix/kernels/dispatch.h"
+#include "matrix/kernels/kernels.h"
 
 namespace benchmarks {
 

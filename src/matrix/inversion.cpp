@@ -2,10 +2,10 @@
 
 #include <alidade/matrix.h>
 
+#include "matrix/blocked_inversion.h"
 #include "matrix/inversion_progress.h"
-#include "matrix/kernels/blocked_inversion.h"
-#include "matrix/kernels/dispatch.h"
-#include "matrix/kernels/walk.h"
+#include "matrix/kernels/kernel_table.h"
+#include "matrix/kernels/kernels.h"
 #include "matrix/plain/plain_kernels.h"
 #include "strict_arithmetic.h"
 
@@ -16,8 +16,8 @@ int invert_normal_matrix(double* packed, int n, int* progress, int span) {
     return 0;
   }
   const InversionProgress report(progress, span, n);
-  const kernels::Kernels* fast = kernels::active();
-  return fast != nullptr && n >= fast->least_inverted ? kernels::invert_in_blocks(*fast, packed, n, report)
+  const kernels::KernelTable* fast = kernels::active();
+  return fast != nullptr && n >= fast->least_inverted ? invert_in_blocks(*fast, packed, n, report)
                                                       : plain::invert_normal_matrix(packed, n, report);
 }
 

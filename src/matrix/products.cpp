@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "matrix/kernels/dispatch.h"
-#include "matrix/kernels/walk.h"
+#include "matrix/kernels/kernel_table.h"
+#include "matrix/kernels/kernels.h"
 #include "matrix/plain/plain_kernels.h"
 #include "matrix/products3.h"
 #include "strict_arithmetic.h"
@@ -30,7 +30,7 @@ void matrix_product(const double* a, const double* b, double* c, int n, int m, i
     return;
   }
   const Extent extent = {n, k, m};
-  if (const kernels::Kernels* fast = kernels::active_for(extent, Preparation::kNothing)) {
+  if (const kernels::KernelTable* fast = kernels::active_for(extent, Preparation::kNothing)) {
     fast->product({c, n, false}, dense(a, n), dense(b, m), extent, {true, false});
   } else {
     plain::matrix_product(a, b, c, n, m, k);
@@ -39,7 +39,7 @@ void matrix_product(const double* a, const double* b, double* c, int n, int m, i
 
 void transposed_product(const double* a, const double* b, double* c, int n, int m, int k) {
   const Extent extent = {m, k, n};
-  if (const kernels::Kernels* fast = kernels::active_for(extent, Preparation::kTransposes)) {
+  if (const kernels::KernelTable* fast = kernels::active_for(extent, Preparation::kTransposes)) {
     fast->product({c, m, false}, transposed(a, n), dense(b, n), extent, {true, false});
   } else {
     plain::transposed_product(a, b, c, n, m, k);
@@ -51,7 +51,7 @@ void mixed_product(const double* a, const double* b, double* c, int n, int m, in
   const Preparation preparation = modeA == 1   ? Preparation::kMirrors
                                   : modeB == 1 ? Preparation::kCopies
                                                : Preparation::kNothing;
-  const kernels::Kernels* fast = kernels::active_for(extent, preparation);
+  const kernels::KernelTable* fast = kernels::active_for(extent, preparation);
   const std::int64_t code = std::int64_t{modeA} * 10 + modeB;
   const bool diagonal = modeA > 1 || modeB > 1;
   if (fast == nullptr || (diagonal && code != 0)) {  // diagonal operands are no work for tiles
@@ -69,7 +69,7 @@ void congruence_product(const double* a, const double* q, double* c, int n, int 
     return;
   }
   const Extent extent = {n, n, m};
-  if (const kernels::Kernels* fast = kernels::active_for(extent, Preparation::kCopies)) {
+  if (const kernels::KernelTable* fast = kernels::active_for(extent, Preparation::kCopies)) {
     fast->product_of_product({c, 0, true}, dense(a, n), packed(q), m, transposed(a, n), extent,
                              {op != '+' && op != '-', op == '-' || op == '|'});
   } else {
@@ -78,7 +78,7 @@ void congruence_product(const double* a, const double* q, double* c, int n, int 
 }
 
 void transposed_congruence_vector(double* r, char op, const double* a, const double* q, const double* l, int n, int m) {
-  if (const kernels::Kernels* fast = kernels::active_for({m, 1, n}, Preparation::kNothing)) {
+  if (const kernels::KernelTable* fast = kernels::active_for({m, 1, n}, Preparation::kNothing)) {
     fast->product_of_product({r, m, false}, transposed(a, n), packed(q), n, dense(l, n), Extent{m, 1, n},
                              {op != '+', false});
   } else {

@@ -4,7 +4,7 @@
 // Products of order three, written out. Every sum starts at +0.0 and takes its terms in ascending order, as the general
 // kernels do, so that the bits are theirs: without the leading 0.0 a sum of negative zeros would be -0.0.
 
-#include "matrix/kernels/dispatch.h"
+#include "matrix/kernels/kernels.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
@@ -22,7 +22,7 @@ inline void dense_times_vector3(const double* a, const double* x, double* y) {
 
 // C = A B, all dense and column by column. C must not overlap A or B.
 inline void dense_product3(const double* a, const double* b, double* c) {
-  if (const kernels::Kernels* fast = kernels::active()) {
+  if (const kernels::KernelTable* fast = kernels::active()) {
     fast->product3(c, a, b);
     return;
   }
@@ -41,7 +41,7 @@ inline void packed_times_vector3(const double* s, const double* x, double* y) {
 // C = A Q A', Q and C packed, A dense; C may overlap neither. T = A Q comes first, summed over Q's rows; then C(i, j)
 // is the sum of A(i, l) T(j, l).
 inline void congruence_product3(const double* a, const double* q, double* c) {
-  if (const kernels::Kernels* fast = kernels::active()) {
+  if (const kernels::KernelTable* fast = kernels::active()) {
     fast->congruence3(c, a, q);
     return;
   }

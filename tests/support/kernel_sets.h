@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "matrix/kernels/dispatch.h"
+#include "matrix/kernels/kernels.h"
 
 namespace kernel_sets {
 

@@ -2,13 +2,14 @@
 // of the public functions run on the set chosen at load. kernel_shapes_test and kernel_inversions_test go through all
 // small shapes, kernel_guard_pages_test looks for accesses outside them.
 
+#include "matrix/kernels/kernels.h"
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
 #include <string>
 #include <vector>
 
-#include "matrix/kernels/dispatch.h"
 #include "matrix/products3.h"
 #include "reference/linalg3.h"
 #include "support/bits.h"

@@ -1,4 +1,7 @@
-// The register tile. Included once per instruction set, after its vector_*.h, inside namespace ALIDADE_ISA.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_TILE_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_TILE_INL
+
+// The register tile.
 //
 // The plain loop in words. A target element is a sum of products whose terms arrive in a fixed order, each product and
 // each partial sum rounded to double:
@@ -16,8 +19,24 @@
 // not stored. In a packed target a tile on the diagonal computes lanes beyond it, that is elements of the upper
 // triangle, and drops them.
 
-#define ALIDADE_INLINE inline __attribute__((always_inline))
-#define ALIDADE_UNROLL _Pragma("GCC unroll 8")
+#include <cstddef>
+#include <utility>
+
+#include "matrix/kernels/fragments/vector.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
+
+// Where the k-th of a family of contiguous stretches starts: columns of a dense matrix lie a constant step apart
+// (growth 0), rows of a packed triangle one element further each time (growth 1).
+template <typename T>
+struct BasicWalk {
+  T* start;
+  std::ptrdiff_t step;
+  std::ptrdiff_t growth;
+};
+using Walk = BasicWalk<const double>;
+using TargetWalk = BasicWalk<double>;
 
 template <typename T>
 ALIDADE_INLINE T* at(const BasicWalk<T>& walk, std::ptrdiff_t k) {
@@ -246,3 +265,7 @@ ALIDADE_INLINE void run_lines(const Tile& whole, std::ptrdiff_t lines, bool padd
     tile.max_lanes -= done;
   }
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

@@ -1,11 +1,11 @@
-#ifndef ALIDADE_SRC_MATRIX_KERNELS_DISPATCH_H
-#define ALIDADE_SRC_MATRIX_KERNELS_DISPATCH_H
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_KERNELS_H
+#define ALIDADE_SRC_MATRIX_KERNELS_KERNELS_H
 
 // Which kernels this processor runs. Every choice gives the same bits.
 
 #include <cstddef>
 
-#include "matrix/kernels/walk.h"
+#include "matrix/kernels/kernel_table.h"
 #include "strict_arithmetic.h"
 
 namespace alidade::kernels {
@@ -17,11 +17,11 @@ constexpr InstructionSet kInstructionSets[] = {InstructionSet::kPlain, Instructi
 #if defined(__GNUC__) && !defined(_WIN32)
 __attribute__((visibility("hidden")))  // so that it is read without a detour through a table
 #endif
-extern const Kernels* chosen;
+extern const KernelTable* chosen;
 
 // Null where the plain loops serve: on a machine without vectors of doubles, in a build by a compiler without vector
 // extensions, and in a host's static initialisers that run before the library's own.
-inline const Kernels* active() { return chosen; }
+inline const KernelTable* active() { return chosen; }
 
 // Is the set in this build, and does the processor (and its operating system) have it?
 bool available(InstructionSet set);
@@ -37,13 +37,13 @@ enum class Preparation {
 
 // The kernels, or null where the plain loops are as fast: a tile has a fixed cost. Measured by the benchmark of small
 // shapes; a wrong choice costs time, never bits.
-inline const Kernels* active_for(Extent extent, Preparation preparation) {
+inline const KernelTable* active_for(Extent extent, Preparation preparation) {
   struct Least {
     std::ptrdiff_t lines, terms, products;
   };
   constexpr Least kOfTwo[] = {{1, 5, 200}, {2, 5, 1000}, {3, 5, 1500}, {6, 5, 3000}, {3, 2, 60}};
   constexpr Least kOfMore[] = {{1, 3, 125}, {2, 3, 300}, {3, 3, 1000}, {3, 3, 400}, {3, 2, 60}};
-  const Kernels* fast = active();
+  const KernelTable* fast = active();
   if (fast == nullptr) {
     return nullptr;
   }

@@ -1,5 +1,17 @@
-// A diagonal block of a packed matrix in a stack tile: loading, storing, factorising. Included once per instruction
-// set, after lanes.h, inside namespace ALIDADE_ISA.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SQUARE_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SQUARE_INL
+
+// A diagonal block of a packed matrix in a stack tile: loading, storing, factorising.h, inside namespace ALIDADE_ISA.
+
+#include <cstddef>
+#include <utility>
+
+#include "matrix/kernels/fragments/lanes.inl"
+#include "matrix/kernels/fragments/pack.inl"
+#include "matrix/kernels/kernel_table.h"
+#include "square_root.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 // A small square of coefficients, line by line.
 constexpr std::ptrdiff_t kSquare = kSingleBlock;
@@ -169,3 +181,7 @@ static bool all_finite(const double* square, std::ptrdiff_t order, std::ptrdiff_
   }
   return all_zero(check);
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

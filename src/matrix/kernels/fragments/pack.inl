@@ -1,5 +1,14 @@
-// Stack tiles: blocks of an operand put so that the lanes of a term are contiguous. Included once per instruction set,
-// after tile.h, inside namespace ALIDADE_ISA.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_PACK_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_PACK_INL
+
+// Stack tiles: blocks of an operand put so that the lanes of a term are contiguous.h, inside namespace ALIDADE_ISA.
+
+#include <cstddef>
+
+#include "matrix/kernels/fragments/tile.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 constexpr std::ptrdiff_t kBlockLanes = 48;   // a multiple of the width of every tile
 constexpr std::ptrdiff_t kBlockTerms = 128;  // 48 KB
@@ -98,3 +107,7 @@ static void pack(double* to, const Operand& a, std::ptrdiff_t row, std::ptrdiff_
     pack_symmetric(to, a.data, row, column, lanes, terms, negate);
   }
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

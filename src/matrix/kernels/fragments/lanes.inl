@@ -1,5 +1,14 @@
-// The bits of a vector's lanes, and what is asked about them. Included once per instruction set, after pack.h, inside
-// namespace ALIDADE_ISA.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_LANES_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_LANES_INL
+
+// The bits of a vector's lanes, and what is asked about them.h, inside namespace ALIDADE_ISA.
+
+#include <cstddef>
+
+#include "matrix/kernels/fragments/tile.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 using Bits = long long __attribute__((vector_size(8 * kWidth)));
 
@@ -36,3 +45,7 @@ ALIDADE_INLINE Vector unit_lane(std::ptrdiff_t lane, double x) {
 
 // Zero times anything finite is zero: tells whether all of the values multiplied into the lanes were finite.
 ALIDADE_INLINE bool all_zero(Vector check) { return !any_bit(bits_of(check) & 0x7fffffffffffffffLL); }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

@@ -1,7 +1,16 @@
-// Products of order three in vectors of two. Included once per instruction set, after tile.h, inside namespace
-// ALIDADE_ISA. matrix/products3.h has the same as plain sums.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_ORDER3_PAIRS_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_ORDER3_PAIRS_INL
+
+// Products of order three in vectors of two. matrix/products3.h has the same as plain sums.
 //
 // Two neighbours of the stored result are formed side by side, so that each result is stored once, by whole vectors.
+
+#include <cstddef>
+
+#include "matrix/kernels/fragments/tile.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 // Starts at +0.0, which only tells where all three terms are -0.0.
 ALIDADE_INLINE Vector sum_of_three(Vector x, Vector y, Vector z) { return ((zero() + x) + y) + z; }
@@ -42,3 +51,7 @@ static void congruence3(double* c, const double* a, const double* q) {
   store(c + 2, c23);
   store(c + 4, c45);
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

@@ -1,8 +1,19 @@
-// Products of order three in vectors of four, for AVX2 and beyond. Included once per instruction set, after tile.h,
-// inside namespace ALIDADE_ISA. matrix/products3.h has the same as plain sums.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_ORDER3_QUADS_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_ORDER3_QUADS_INL
+
+// Products of order three in vectors of four, for AVX2 and beyond. matrix/products3.h has the same as plain sums.
 //
 // A column takes one vector. The results are put together to whole vectors, each stored once: the usual next step is to
 // copy them, and a load that needs two recent stores has to wait for both.
+
+#include <immintrin.h>
+
+#include <cstddef>
+
+#include "matrix/kernels/fragments/tile.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 using Quad = __m256d;
 
@@ -54,3 +65,7 @@ static void congruence3(double* c, const double* a, const double* q) {
   _mm256_storeu_pd(c, c0123);
   _mm_storeu_pd(c + 4, c45);
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

@@ -1,19 +1,18 @@
-#include "matrix/kernels/dispatch.h"
+#include "matrix/kernels/kernels.h"
 
 #include <cstddef>
 
-#include "matrix/kernels/instances.h"
-#include "matrix/kernels/walk.h"
+#include "matrix/kernels/kernel_table.h"
 #include "strict_arithmetic.h"
 
 namespace alidade::kernels {
 
 // Constant-initialised: before the best set has been chosen, the plain loops serve.
-const Kernels* chosen = nullptr;
+const KernelTable* chosen = nullptr;
 
 namespace {
 
-const Kernels* table_of(InstructionSet set) {
+const KernelTable* table_of(InstructionSet set) {
 #if defined(ALIDADE_KERNELS_X86)
   __builtin_cpu_init();
   switch (set) {

@@ -1,5 +1,14 @@
-// Lines that depend on each other: the inside of every block of an inversion. Included once per instruction set, after
-// square.h, inside namespace ALIDADE_ISA.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_CHAIN_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_CHAIN_INL
+
+// Lines that depend on each other: the inside of every block of an inversion.h, inside namespace ALIDADE_ISA.
+
+#include <cstddef>
+
+#include "matrix/kernels/fragments/square.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 // Lines that depend on each other, each multiplied by its factor, all lanes at once:
 // forward:  line k = (line k + sum over j < k of c(j, k) line j) factor(k), k ascending; no factors: null;
@@ -118,3 +127,7 @@ static bool chain(const TargetWalk& lines, std::ptrdiff_t lanes, std::ptrdiff_t 
   }
   return finite;
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

@@ -1,5 +1,14 @@
-// Products of whole operands: blocks of lanes and terms, each swept by tiles. Included once per instruction set, after
-// pack.h, inside namespace ALIDADE_ISA.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_PRODUCT_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_PRODUCT_INL
+
+// Products of whole operands: blocks of lanes and terms, each swept by tiles.h, inside namespace ALIDADE_ISA.
+
+#include <cstddef>
+
+#include "matrix/kernels/fragments/pack.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 // The part of a product that one block of a takes part in.
 struct Block {
@@ -212,3 +221,7 @@ static void symmetrized_product(double* target, const double* a, const double* b
     }
   });
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

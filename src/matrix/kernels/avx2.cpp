@@ -1,18 +1,10 @@
-#ifndef ALIDADE_SRC_MATRIX_KERNELS_VECTOR_AVX2_H
-#define ALIDADE_SRC_MATRIX_KERNELS_VECTOR_AVX2_H
-
-// Four doubles. What tile.h and pack.h ask of an instruction set. Compiled without FMA.
+// Four doubles. Compiled without FMA.
 
 #include <immintrin.h>
 
 #include <cstddef>
 
-// Tells instance.h; __AVX2__ cannot, since with -march=native it is defined for the SSE2 set too.
-#define ALIDADE_LANES_OF_FOUR
-
-namespace alidade {
-namespace kernels {
-namespace avx2 {
+namespace alidade::kernels::avx2 {
 
 using Vector = __m256d;
 constexpr int kWidth = 4;
@@ -46,8 +38,8 @@ inline void transpose(Vector (&v)[kWidth]) {
   v[3] = _mm256_permute2f128_pd(b, d, 0x31);
 }
 
-}  // namespace avx2
-}  // namespace kernels
-}  // namespace alidade
+}  // namespace alidade::kernels::avx2
 
-#endif
+#define ALIDADE_ISA avx2
+#define ALIDADE_OWN_VECTORS
+#include "matrix/kernels/fragments/table.inl"

@@ -1,5 +1,5 @@
-#ifndef ALIDADE_SRC_MATRIX_KERNELS_WALK_H
-#define ALIDADE_SRC_MATRIX_KERNELS_WALK_H
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_KERNEL_TABLE_H
+#define ALIDADE_SRC_MATRIX_KERNELS_KERNEL_TABLE_H
 
 #include <cstddef>
 #include <cstdint>
@@ -7,17 +7,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade::kernels {
-
-// Where the k-th of a family of contiguous stretches starts: columns of a dense matrix lie a constant step apart
-// (growth 0), rows of a packed triangle one element further each time (growth 1).
-template <typename T>
-struct BasicWalk {
-  T* start;
-  std::ptrdiff_t step;
-  std::ptrdiff_t growth;
-};
-using Walk = BasicWalk<const double>;
-using TargetWalk = BasicWalk<double>;
 
 // An operand as it is stored; element (row, column) counts from (row0, column0) of the stored matrix.
 struct Operand {
@@ -86,7 +75,7 @@ struct SmallResult {
 };
 
 // The kernels of one instruction set. `a` supplies element (lane, term), `b` element (term, line) of every product.
-struct Kernels {
+struct KernelTable {
   const char* name;
   std::ptrdiff_t width;  // doubles in a vector
   // Order of a matrix from which on its inversion gains on the plain loops.
@@ -120,6 +109,20 @@ struct Kernels {
   void (*product3)(double* c, const double* a, const double* b);
   void (*congruence3)(double* c, const double* a, const double* q);
 };
+
+// The tables of the sets; which of them exist in a build is kernels.cpp's business.
+namespace sse2 {
+extern const KernelTable table;
+}
+namespace avx2 {
+extern const KernelTable table;
+}
+namespace avx512 {
+extern const KernelTable table;
+}
+namespace neon {
+extern const KernelTable table;
+}
 
 }  // namespace alidade::kernels
 

@@ -1,4 +1,4 @@
-#include "matrix/kernels/blocked_inversion.h"
+#include "matrix/blocked_inversion.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -6,15 +6,25 @@
 #include <memory>
 
 #include "matrix/inversion_progress.h"
+#include "matrix/kernels/kernel_table.h"
 #include "matrix/packed_index.h"
 #include "matrix/plain/plain_kernels.h"
 #include "strict_arithmetic.h"
 
-namespace alidade::kernels {
+namespace alidade {
 
 namespace {
 
-int factor_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, Sparsity& sparsity, bool& usual,
+using kernels::FactorResult;
+using kernels::KernelTable;
+using kernels::kGrain;
+using kernels::kInversionBlock;
+using kernels::kInversionRows;
+using kernels::kSingleBlock;
+using kernels::SmallResult;
+using kernels::Sparsity;
+
+int factor_in_blocks(const KernelTable& fast, double* packed, std::ptrdiff_t n, Sparsity& sparsity, bool& usual,
                      const InversionProgress& progress) {
   for (std::ptrdiff_t first = 0; first < n; first += kInversionBlock) {
     const std::ptrdiff_t end = std::min(n, first + kInversionBlock);
@@ -38,8 +48,8 @@ int factor_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, Spar
   return 0;
 }
 
-void invert_factor_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, Sparsity& sparsity, double* sizes,
-                             bool& usual, const InversionProgress& progress) {
+void invert_factor_in_blocks(const KernelTable& fast, double* packed, std::ptrdiff_t n, Sparsity& sparsity,
+                             double* sizes, bool& usual, const InversionProgress& progress) {
   for (std::ptrdiff_t first = 0; first < n; first += kInversionRows) {
     const std::ptrdiff_t end = std::min(n, first + kInversionRows);
     if (!usual || !fast.invert_rows(packed, first, end, sparsity, sizes)) {
@@ -53,7 +63,7 @@ void invert_factor_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t
   }
 }
 
-void multiply_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, const Sparsity& sparsity, bool usual,
+void multiply_in_blocks(const KernelTable& fast, double* packed, std::ptrdiff_t n, const Sparsity& sparsity, bool usual,
                         const InversionProgress& progress) {
   if (!usual || fast.starts_from_negative_zero(packed, n)) {
     plain::multiply_by_transpose(packed, n, progress);
@@ -68,7 +78,7 @@ void multiply_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, c
   }
 }
 
-int invert_single_block(const Kernels& fast, double* packed, std::ptrdiff_t n, const InversionProgress& progress) {
+int invert_single_block(const KernelTable& fast, double* packed, std::ptrdiff_t n, const InversionProgress& progress) {
   const SmallResult result = fast.invert_small(packed, n);
   if (result.done == SmallResult::kNothing) {
     return plain::invert_normal_matrix(packed, n, progress);
@@ -95,7 +105,8 @@ int invert_single_block(const Kernels& fast, double* packed, std::ptrdiff_t n, c
 
 }  // namespace
 
-int invert_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, const InversionProgress& progress) {
+int invert_in_blocks(const kernels::KernelTable& fast, double* packed, std::ptrdiff_t n,
+                     const InversionProgress& progress) {
   if (n <= kSingleBlock) {
     return invert_single_block(fast, packed, n, progress);
   }
@@ -117,4 +128,4 @@ int invert_in_blocks(const Kernels& fast, double* packed, std::ptrdiff_t n, cons
   return 0;
 }
 
-}  // namespace alidade::kernels
+}  // namespace alidade

@@ -1,18 +1,10 @@
-#ifndef ALIDADE_SRC_MATRIX_KERNELS_VECTOR_AVX512_H
-#define ALIDADE_SRC_MATRIX_KERNELS_VECTOR_AVX512_H
-
-// Eight doubles. What tile.h and pack.h ask of an instruction set. The fused forms are never asked for.
+// Eight doubles. The fused forms are never asked for.
 
 #include <immintrin.h>
 
 #include <cstddef>
 
-// Tells instance.h; __AVX2__ cannot, since with -march=native it is defined for the SSE2 set too.
-#define ALIDADE_LANES_OF_FOUR
-
-namespace alidade {
-namespace kernels {
-namespace avx512 {
+namespace alidade::kernels::avx512 {
 
 using Vector = __m512d;
 constexpr int kWidth = 8;
@@ -52,8 +44,8 @@ inline void transpose(Vector (&v)[kWidth]) {
   }
 }
 
-}  // namespace avx512
-}  // namespace kernels
-}  // namespace alidade
+}  // namespace alidade::kernels::avx512
 
-#endif
+#define ALIDADE_ISA avx512
+#define ALIDADE_OWN_VECTORS
+#include "matrix/kernels/fragments/table.inl"

@@ -1,11 +1,23 @@
-// The three phases of the inversion of a packed normal matrix, a block of rows or columns at a time, in place. Included
-// once per instruction set, after chain.h and sparsity.h, inside namespace ALIDADE_ISA. blocked_inversion.cpp calls
-// them in turn.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_INVERSION_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_INVERSION_INL
+
+// The three phases of the inversion of a packed normal matrix, a block of rows or columns at a time, in place.
+// blocked_inversion.cpp calls them in turn.
 //
 // The plain loops skip zeros, which the tiles do not. A skipped product of finite factors is a zero of either sign;
 // added to a sum it changes no bit unless the sum is -0.0, and a sum that starts as anything else never becomes -0.0.
 // So the bits agree as long as nothing is infinite, NaN or, at the start of a sum, -0.0. The caller has looked through
 // the matrix; each phase makes sure of what it produces before it destroys what the plain loops would need.
+
+#include <cstddef>
+#include <cstdint>
+
+#include "matrix/kernels/fragments/chain.inl"
+#include "matrix/kernels/fragments/pack.inl"
+#include "matrix/kernels/fragments/sparsity.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 // ---- Phase 1: N = L L', a block of columns [first, end) against the finished columns on its left.
 
@@ -466,3 +478,7 @@ static void multiply_rows(double* packed, std::ptrdiff_t n, std::ptrdiff_t first
     add_terms_below(packed, first, end, term, smaller(n, term + kRowTerms), s, tile, &columns);
   }
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

@@ -1,4 +1,16 @@
-// Where a packed matrix has nonzeros. Included once per instruction set, after lanes.h, inside namespace ALIDADE_ISA.
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SPARSITY_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SPARSITY_INL
+
+// Where a packed matrix has nonzeros.h, inside namespace ALIDADE_ISA.
+
+#include <cstddef>
+#include <cstdint>
+
+#include "matrix/kernels/fragments/lanes.inl"
+#include "matrix/kernels/fragments/pack.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 // Which blocks of chunk x chunk elements may hold a nonzero: bit c of words[r] for rows chunk r, columns chunk c.
 ALIDADE_INLINE std::uint64_t column_bits(const Sparsity& s, std::ptrdiff_t first, std::ptrdiff_t end) {
@@ -83,3 +95,7 @@ static void survey_again(const double* packed, std::ptrdiff_t first, std::ptrdif
     }
   }
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif

@@ -1,7 +1,17 @@
+#ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SMALL_INVERSION_INL
+#define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SMALL_INVERSION_INL
+
 // The inversion of a matrix that is a single block, all three phases in stack tiles: nothing is written to it before it
-// is known to stand. Included once per instruction set, after chain.h, inside namespace ALIDADE_ISA.
+// is known to stand.h, inside namespace ALIDADE_ISA.
 //
 // As in inversion.h zeros are not skipped, and the matrix is left to the plain loops where that could show.
+
+#include <cstddef>
+
+#include "matrix/kernels/fragments/chain.inl"
+#include "matrix/kernels/kernel_table.h"
+
+namespace alidade::kernels::ALIDADE_ISA {
 
 // The smallest order for which this gains on the plain loops.
 constexpr std::ptrdiff_t kLeastInverted = kWidth == 2 ? 16 : 8;
@@ -65,3 +75,7 @@ static SmallResult invert_small(double* packed, std::ptrdiff_t n) {
   store_square(factor.values, packed, 0, n, finished);
   return {finished, SmallResult::kFactor};
 }
+
+}  // namespace alidade::kernels::ALIDADE_ISA
+
+#endif
