@@ -80,7 +80,7 @@ cross() {
   echo "== $platform"
   configure "$platforms/$toolchain" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake" \
     -DCMAKE_CXX_FLAGS_RELEASE=-O2 -DALIDADE_GTEST_SOURCE_DIR=/usr/src/googletest -DALIDADE_TEST_TIMEOUT=3000 \
-    -DALIDADE_BUILD_EXAMPLES=OFF "$@"
+    -DALIDADE_BUILD_EXAMPLES=OFF -DALIDADE_BUILD_DEMOS=OFF "$@"
   cmake --build "$build"
   test_build "$platform" -O2 "$build"
 }
