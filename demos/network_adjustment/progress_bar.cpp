@@ -26,6 +26,15 @@ bool standard_error_is_terminal() {
 #endif
 }
 
+// Atomic, as the store in RareInversion is. std::atomic_ref would say the same from C++20 on.
+int load(const int& percentage) {
+#if defined(__GNUC__)
+  return __atomic_load_n(&percentage, __ATOMIC_RELAXED);
+#else
+  return static_cast<const volatile int&>(percentage);
+#endif
+}
+
 void draw(const std::string& line) {
   std::fprintf(stderr, "\r%s", line.c_str());
   std::fflush(stderr);
@@ -46,10 +55,9 @@ ProgressBar::ProgressBar(const std::string& title) : title_(title) {
 }
 
 void ProgressBar::draw_until_done() {
-  const volatile int& percentage = percentage_;
   std::unique_lock<std::mutex> lock(mutex_);
   do {
-    draw(progress_line(title_, percentage));
+    draw(progress_line(title_, load(percentage_)));
   } while (!changed_.wait_for(lock, kPeriod, [this] { return done_; }));
 }
 

@@ -14,9 +14,9 @@ std::string progress_line(const std::string& title, int percent);
 // Draws a bar on standard error while another thread works, from the percentage that the work advances. Without a
 // terminal there, nothing is drawn and percentage() is null.
 //
-// RareInversion advances a plain int on the thread that computes and promises that a reader on another thread sees
-// whole values. The reader looks through a pointer to volatile, so that every look is a real load; it orders nothing
-// by what it sees, the bar alone depends on it. The end of the work is told through the mutex, not through the int.
+// RareInversion stores whole values into the int, so that the drawing thread may load them; both do it atomically. It
+// orders nothing by what it sees, the bar alone depends on it. The end of the work is told through the mutex, not
+// through the int.
 class ProgressBar {
 public:
   explicit ProgressBar(const std::string& title);

@@ -20,6 +20,15 @@ int percentage(double value) {
   return rounded >= 100.0 ? 99 : truncate_to_int(rounded);
 }
 
+// As a whole and at once, so that another thread may watch. std::atomic_ref would say the same from C++20 on.
+void store(int* target, int value) {
+#if defined(__GNUC__)
+  __atomic_store_n(target, value, __ATOMIC_RELAXED);
+#else
+  *static_cast<volatile int*>(target) = value;
+#endif
+}
+
 }  // namespace
 
 InversionProgress::InversionProgress(int* target, int span, int n) : target_(target), order_(n) {
@@ -32,15 +41,15 @@ InversionProgress::InversionProgress(int* target, int span, int n) : target_(tar
 }
 
 void InversionProgress::report_factor_row(std::ptrdiff_t k) const {
-  *target_ = percentage(start_ + (third_ - cube(order_ - k + 1) * unit_));
+  store(target_, percentage(start_ + (third_ - cube(order_ - k + 1) * unit_)));
 }
 
 void InversionProgress::report_inverse_row(std::ptrdiff_t k) const {
-  *target_ = percentage((start_ + third_) + cube(k) * unit_);
+  store(target_, percentage((start_ + third_) + cube(k) * unit_));
 }
 
 void InversionProgress::report_product_row(std::ptrdiff_t m) const {
-  *target_ = percentage(((start_ + third_) + third_) + cube(m) * unit_);
+  store(target_, percentage(((start_ + third_) + third_) + cube(m) * unit_));
 }
 
 }  // namespace alidade
