@@ -131,6 +131,15 @@ TEST(StatsTau, OneResidualNeedsNoCorrection) {
   EXPECT_LT(TAU(1, 20, 0.05), TAU(20, 20, 0.05));
 }
 
+// Zero is exact there, and the iteration comes within 1e-20 of it, from either side.
+TEST(StatsTau, CertaintyGivesZeroUpToRounding) {
+  for (const int n : {1, 2, 10, 1000}) {
+    for (int f = 2; f <= 3000; ++f) {
+      ASSERT_LT(std::fabs(TAU(n, f, 1.0)), 1e-20) << n << " " << f;
+    }
+  }
+}
+
 TEST(StatsTau, UnguardedArgumentsEnd) {
   for (const int n : {0, -1, INT_MIN, 1, INT_MAX}) {
     for (const int f : {INT_MIN, -3, 0, 1, 2, 3, 4, 5}) {
@@ -139,6 +148,9 @@ TEST(StatsTau, UnguardedArgumentsEnd) {
         CHECK_BITS(TAU(n, f, alpha), reference::tau(n, f, alpha));
       }
     }
+  }
+  for (const int f : {INT_MIN, -3, 0, 1}) {
+    CHECK_BITS(TAU(10, f, 0.05), TAU(10, 2, 0.05));
   }
   EXPECT_TRUE(std::isnan(TAU(1, -1, 0.0)));
   EXPECT_TRUE(std::isnan(TAU(0, 2, 0.05)));
