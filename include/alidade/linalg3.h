@@ -215,7 +215,11 @@ public:
   /// two are small: when the middle eigenvalue lies below the mean of the largest and the smallest. With **two large
   /// axes and one small one, and so for about as many random covariances, the columns are not the principal axes** (nor
   /// even perpendicular). Two more cases outside the block case give no axes: d or e the only nonzero off-diagonal
-  /// element (see GetEigen), and two equal eigenvalues, which may even give NaN. All this is kept for compatibility.
+  /// element (see GetEigen), and **two equal or nearly equal eigenvalues**. With a gap of gamma times the trace between
+  /// the two small ones, some rounding errors become rounding errors / gamma^2: over random orientations the residual
+  /// w - l u below, relative to the trace, exceeds 1e-17/gamma^2 in about half of the cases, k times as much in about
+  /// one of k. A gap of 1e-4 of the trace leaves 1e-6 but for one case in a thousand; below 1e-8 any unit vectors may
+  /// come, or NaN. All this is kept for compatibility.
   ///
   /// **Verify every set of axes** that does not come from the block case: for each column u form w = V u and l = u'w;
   /// w - l u must vanish against the trace of V. Where it does not, take the horizontal ellipse from the block case, or

@@ -210,4 +210,40 @@ TEST(Linalg3Properties, TheGeneralCaseIsRightForOneLargeAxisOnly) {
   EXPECT_GT(wrong, kRounds / 4);
 }
 
+// What docs/linalg3.md says about two nearly equal small axes: with a gap of gamma times the trace, one of k random
+// orientations has a residual above k 1e-17 / gamma^2, here with k = 100 and a margin of three in the count.
+TEST(Linalg3Properties, ASmallGapBetweenTheSmallAxesCostsItsSquare) {
+  covariances::Source source(57);
+  for (const double g : {1e-2, 1e-3, 1e-4, 1e-5}) {
+    const double gamma = g / 11;
+    int above = 0;
+    for (int round = 0; round < kRounds; ++round) {
+      // A rotation from a quaternion that is uniform on the sphere: one from the ball, scaled.
+      double q[4];
+      double length = 0;
+      do {
+        length = 0;
+        for (double& x : q) {
+          x = source.uniform();
+          length += x * x;
+        }
+      } while (length > 1 || length < 0.01);
+      const double s = 2 / length;
+      matr3_3 rotation(0);
+      for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j) {
+          const int k = 3 - i - j;  // the third axis, for i != j
+          const double turn = (i + 1) % 3 == j ? -q[3] : q[3];
+          rotation[matr3_3::Index(i, j)] =
+              i == j ? s * (q[i] * q[i] + q[3] * q[3]) - 1 : s * (q[i] * q[j] + turn * q[k]);
+        }
+      }
+      const Axes axes = axes_of(rotation & covar(9, 0, 1 + g, 0, 0, 1));
+      above += axes.residual > 1e-15 / (gamma * gamma) ? 1 : 0;
+    }
+    EXPECT_LT(above, 3 * kRounds / 100) << g;
+    EXPECT_GT(above, kRounds / 100 / 10) << g;  // no figure of speech: so bad it is
+  }
+}
+
 }  // namespace
