@@ -117,9 +117,10 @@ public:
   /// at the centre of the ellipsoid both are 0. An azimuth less than half a unit in the last place of 2*pi below zero
   /// is returned as 2*pi itself, rounded. For a target equal to this position the distance is 0 and the angles are what
   /// atan2 gives for zeros. The distance is the length of the geocentric difference, not of the rotated one. `neu` may
-  /// be this object or the target. Bits: class B (sin, cos, atan, atan2).
+  /// be this object or the target.
   ///
   /// Accuracy: the stop of the iteration in `xyz2blh` tilts the frame by up to 7e-13 radian; else a few roundings.
+  /// Bits: class B (sin, cos, atan, atan2).
   void relatCoord(const Coord& target, Coord& neu, PolCoord& polar) const;
 
   /// Places a target from a station and a local offset: the inverse rotation of `relatCoord`.
@@ -163,8 +164,7 @@ public:
   /// - (2) Less than 1e-10 m from the polar axis: l = 0, b = pi/2 or -pi/2 by the sign of z, h = |z| minus the polar
   ///   semi-axis.
   /// - (3) y = -0.0 with x > 0 gives l = -0.0. A longitude less than half a unit in the last place of 2*pi below zero
-  /// is
-  ///   returned as 2*pi itself, rounded.
+  ///   is returned as 2*pi itself, rounded.
   /// - (4) NaN and infinite coordinates give NaN or infinite results; so does a z/p that overflows.
   ///
   /// Method: the textbook relation tan b = (z + e^2 N sin b)/p, p the distance from the axis (IOGP Guidance Note 7-2,

@@ -400,9 +400,8 @@ ALIDADE_API int LOC1(int i, int j, int n, int m, int ms);
 ///
 /// So a T larger than the product keeps what lies outside in the last four and loses it in the three before; give
 /// those four a T with exactly the rows of the product. Each function reads the sizes it names and no others, compares
-/// none, and reads operands by their own N1 (B of
-/// SMATRopABti by A's). A size below 1 leaves the target alone but for the clearing. Nothing is
-/// allocated.
+/// none, and reads operands by their own N1 (B of SMATRopABti by A's). A size below 1 leaves the target alone but for
+/// the clearing. Nothing is allocated.
 ///
 /// Every element of T receives its terms one by one in ascending order of the index of summation, each addition
 /// rounded. Inner sums of three factors are formed from +0.0 in ascending order first. T must not share elements with
@@ -529,8 +528,7 @@ ALIDADE_API void MATRopR1_R2_R3t(TMatrix& T, char op, const TMatrix& R1, const T
 /// | result | meaning | N |
 /// |---|---|---|
 /// | 0 | done, also for n < 1 | the inverse |
-/// | k, 1 to n | pivot k, **counted from 1**, is not above 0.0, or a NaN | columns 1 ... k - 1 finished, rest as it was
-/// |
+/// | k, 1 to n | pivot k, **counted from 1**, is not above 0.0, or a NaN | columns 1 ... k - 1 finished, the rest kept |
 ///
 /// The finished columns hold the Cholesky factor L, its diagonal as reciprocals. At a result k the matrix is not
 /// positive definite: parameter k is not determined by those before it and the observations. With rounding a singular
@@ -548,8 +546,9 @@ ALIDADE_API void MATRopR1_R2_R3t(TMatrix& T, char op, const TMatrix& R1, const T
 /// Progress: with b the value at entry, t = span (1/3) and u = ((t/n)/n)/n, for every k that is a multiple of 8:
 /// b + (t - (n - k + 1)^3 u) at the start of column k of the factorisation, (b + t) + k^3 u at the start of row k of
 /// the second phase, ((b + t) + t) + k^3 u after row k of the third; plus 0.5, truncated towards zero, at most 99.
-/// Below order 8 it is never written, and the final value is the caller's to set. A thread that watches it needs its
-/// own synchronisation.
+/// Below order 8 it is never written, and the final value is the caller's to set. Each value is stored as a whole
+/// (relaxed, as an atomic int would be): another thread may watch *progress if it reads it atomically, too, as with
+/// `__atomic_load_n` or through `std::atomic_ref`. What it sees orders nothing else.
 ///
 /// Allocates work arrays of O(n) elements; a failure to do so throws what the platform's new throws. Bits: class A.
 ALIDADE_API int RareInversion(TSMatrix& N, int* progress, int span);
