@@ -246,7 +246,8 @@ public:
 
 private:
   bool owner_;
-  int capacity_;
+  short capacity_high_;  // bits 32 ... 47 of the capacity, in the room before the next field
+  int capacity_;         // bits 0 ... 31
   int n1_;
   int n2_;
   double* data_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 
 #include "matrix/block_transfer.h"
 #include "matrix/packed_index.h"
@@ -16,18 +15,24 @@ double* allocate(std::ptrdiff_t count) {
   return new double[static_cast<std::size_t>(std::max<std::ptrdiff_t>(count, 1))];
 }
 
-// The capacity is an int. A larger matrix works all the same; SetDimension then reshapes it within 2^31 - 1 elements.
-int capacity_of(std::int64_t n1, std::int64_t n2) {
-  constexpr std::int64_t kLargest = std::numeric_limits<int>::max();
-  constexpr std::int64_t kSmallest = std::numeric_limits<int>::min();
-  return static_cast<int>(std::clamp(n1 * n2, kSmallest, kLargest));
+// A capacity above 2^31 - 1 needs more than its int: the rest stands before it. 48 bits are enough for 1 PiB.
+std::int64_t capacity_of(std::int64_t n1, std::int64_t n2) {
+  constexpr std::int64_t kLargest = (std::int64_t{1} << 47) - 1;
+  return std::clamp(n1 * n2, -kLargest, kLargest);
 }
+// What an own array has room for.
+std::int64_t room_of(int n1, int n2) { return std::max<std::int64_t>(capacity_of(n1, n2), 1); }
+
+short high_part(std::int64_t capacity) { return static_cast<short>(capacity >> 32); }
+int low_part(std::int64_t capacity) { return static_cast<int>(static_cast<std::uint32_t>(capacity)); }
+std::int64_t whole(short high, int low) { return high * (std::int64_t{1} << 32) + static_cast<std::uint32_t>(low); }
 
 }  // namespace
 
 TMatrix::TMatrix(int n1, int n2, int noClear)
     : owner_(true),
-      capacity_(std::max(capacity_of(n1, n2), 1)),
+      capacity_high_(high_part(room_of(n1, n2))),
+      capacity_(low_part(room_of(n1, n2))),
       n1_(n1),
       n2_(n2),
       data_(allocate(alidade::dense_size(n1, n2))) {
@@ -37,11 +42,17 @@ TMatrix::TMatrix(int n1, int n2, int noClear)
 }
 
 TMatrix::TMatrix(double* p, int n1, int n2)
-    : owner_(false), capacity_(capacity_of(n1, n2)), n1_(n1), n2_(n2), data_(p) {}
+    : owner_(false),
+      capacity_high_(high_part(capacity_of(n1, n2))),
+      capacity_(low_part(capacity_of(n1, n2))),
+      n1_(n1),
+      n2_(n2),
+      data_(p) {}
 
 TMatrix::TMatrix(TMatrix& src)
     : owner_(true),
-      capacity_(std::max(capacity_of(src.n1_, src.n2_), 1)),
+      capacity_high_(high_part(room_of(src.n1_, src.n2_))),
+      capacity_(low_part(room_of(src.n1_, src.n2_))),
       n1_(src.n1_),
       n2_(src.n2_),
       data_(allocate(alidade::dense_size(src.n1_, src.n2_))) {
@@ -54,7 +65,7 @@ TMatrix::~TMatrix() {
   }
 }
 
-// Shallow on purpose: the five fields as they stand.
+// Shallow on purpose: the fields as they stand.
 TMatrix& TMatrix::operator=(const TMatrix& o) = default;
 
 TMatrix& TMatrix::operator=(int v) {
@@ -76,7 +87,7 @@ void TMatrix::SetDimension(int n1, int n2) {
     }
     return;
   }
-  if (static_cast<std::int64_t>(n1) * n2 <= capacity_) {
+  if (static_cast<std::int64_t>(n1) * n2 <= whole(capacity_high_, capacity_)) {
     n1_ = n1;
     n2_ = n2;
   }

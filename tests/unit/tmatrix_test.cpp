@@ -160,8 +160,25 @@ TEST(TMatrix, SetDimensionFormsTheProductIn64Bits) {
   EXPECT_EQ(t.GetN1(), 2);
   t.SetDimension(46341, 92682);
   EXPECT_EQ(t.GetN1(), 2);
-  const TMatrix large(static_cast<double*>(nullptr), 65536, 65536);
-  EXPECT_EQ(fields_of(large).capacity, 2147483647);
+}
+
+TEST(TMatrix, SetDimensionReshapesWithinMoreThanAnIntHolds) {
+  TMatrix large(static_cast<double*>(nullptr), 50000, 50000);
+  large.SetDimension(25000, 50000);
+  EXPECT_EQ(large.GetN1(), 25000);
+  large.SetDimension(50000, 50000);
+  EXPECT_EQ(large.GetN1(), 50000);
+  large.SetDimension(50001, 50000);
+  EXPECT_EQ(large.GetN1(), 50000);
+  TMatrix larger(static_cast<double*>(nullptr), 65536, 65536);  // 0 in 32 bits
+  larger.SetDimension(1, 1);
+  larger.SetDimension(65536, 65536);
+  EXPECT_EQ(larger.GetN1(), 65536);
+  larger.SetDimension(65536, 65537);
+  EXPECT_EQ(larger.GetN2(), 65536);
+  TMatrix negative(static_cast<double*>(nullptr), -1, 2);
+  negative.SetDimension(0, 0);
+  EXPECT_EQ(negative.GetN1(), -1);
 }
 
 TEST(TMatrix, ScalingTouchesTheElementsInUse) {
