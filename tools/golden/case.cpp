@@ -1,5 +1,6 @@
 #include "golden/case.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <sstream>
@@ -94,12 +95,16 @@ const std::string& Arguments::next() {
 
 double Arguments::number() { return number_from(next()); }
 
-int Arguments::integer() {
+int Arguments::integer(int lowest, int highest) {
   const std::string& text = next();
   char* end = nullptr;
+  errno = 0;
   const long long v = std::strtoll(text.c_str(), &end, 10);
   if (end == text.c_str() || *end != '\0') {
     throw std::runtime_error("not an integer: " + text);
+  }
+  if (errno != 0 || v < lowest || v > highest) {
+    throw std::runtime_error("out of range: " + text);
   }
   return static_cast<int>(v);
 }
@@ -128,12 +133,6 @@ char Arguments::code() {
     throw std::runtime_error("not an operation code: " + text);
   }
   return text[1];
-}
-
-void Arguments::numbers(double* out, std::size_t n) {
-  for (std::size_t i = 0; i < n; ++i) {
-    out[i] = number();
-  }
 }
 
 Tokens& Tokens::number(double v) { return word(to_text(v)); }

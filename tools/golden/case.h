@@ -7,9 +7,9 @@
 //
 // tests/golden/README.md describes the file for its readers.
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -42,26 +42,11 @@ public:
   explicit Arguments(const std::vector<std::string>& tokens) : tokens_(&tokens) {}
 
   double number();
-  int integer();
+  int integer() { return integer(std::numeric_limits<int>::min(), std::numeric_limits<int>::max()); }
+  int integer(int lowest, int highest);
   std::uint64_t seed();
   std::string word();
   char code();  // a quoted character: '=' or '\0' or '\xff'
-  void numbers(double* out, std::size_t n);
-  // Several at once, to be named: const auto [rows, cols] = in.integers<2>();
-  template <std::size_t count>
-  std::array<int, count> integers() {
-    std::array<int, count> values{};
-    for (int& value : values) {
-      value = integer();
-    }
-    return values;
-  }
-  template <std::size_t count>
-  std::array<double, count> numbers() {
-    std::array<double, count> values{};
-    numbers(values.data(), count);
-    return values;
-  }
   bool done() const { return next_ == tokens_->size(); }
 
 private:

@@ -2,10 +2,11 @@
 #define ALIDADE_TOOLS_GOLDEN_WORKLOAD_H
 
 #include <cstddef>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "golden/case.h"
+#include "golden/functions.h"
 #include "golden/inputs.h"
 
 namespace golden {
@@ -13,13 +14,8 @@ namespace golden {
 // Elements drawn behind each target of a kernel: they are hashed with it, so that a write beyond its end shows.
 constexpr std::size_t kGuard = 5;
 
-// Number of elements; 0 for a negative size.
-inline std::size_t area(int rows, int cols) {
-  return rows > 0 && cols > 0 ? static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols) : 0;
-}
-inline std::size_t triangle(int order) {
-  return order > 0 ? static_cast<std::size_t>(order) * (static_cast<std::size_t>(order) + 1) / 2 : 0;
-}
+inline std::size_t area(int rows, int cols) { return static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols); }
+inline std::size_t triangle(int order) { return area(order, order + 1) / 2; }
 
 // The buffers of a case that names a kind of numbers and a seed as its last two arguments. Buffers are drawn one after
 // the other, in the order in which both programs ask for them.
@@ -52,6 +48,74 @@ public:
 private:
   std::string kind_;
   RandomBits bits_;
+};
+
+// A block transfer: a matrix, the place and size of the block in it, and the buffer on the other side. Arguments are
+// those of the form's constructor, the operation code, the kind of numbers and the seed.
+struct Block {
+  int rows = 0;  // order of a packed matrix
+  int cols = 0;
+  int i0 = 0;
+  int j0 = 0;
+  int n1 = 0;  // order of a packed buffer
+  int n2 = 0;
+  char op = '\0';
+  std::vector<double> matrix;
+  std::vector<double> buffer;
+
+protected:
+  void require_inside() const {
+    if (i0 + n1 > rows || j0 + n2 > (cols != 0 ? cols : rows)) {
+      throw std::runtime_error("the block does not lie in the matrix");
+    }
+  }
+};
+
+// Packed matrix, dense buffer: order i0 j0 n1 n2.
+struct PackedBlock : Block {
+  explicit PackedBlock(Arguments& in) {
+    rows = read<Size>(in);
+    i0 = read<Size>(in);
+    j0 = read<Size>(in);
+    n1 = read<Size>(in);
+    n2 = read<Size>(in);
+    op = in.code();
+    require_inside();
+    Workload work(in);
+    matrix = work.packed_target(rows);
+    buffer = work.dense_target(n1, n2);
+  }
+};
+
+// Packed matrix, packed buffer: order i0 n.
+struct DiagonalBlock : Block {
+  explicit DiagonalBlock(Arguments& in) {
+    rows = read<Size>(in);
+    i0 = read<Size>(in);
+    n1 = read<Size>(in);
+    op = in.code();
+    require_inside();
+    Workload work(in);
+    matrix = work.packed_target(rows);
+    buffer = work.packed_target(n1);
+  }
+};
+
+// Dense matrix, dense buffer: rows cols i0 j0 n1 n2.
+struct DenseBlock : Block {
+  explicit DenseBlock(Arguments& in) {
+    rows = read<Size>(in);
+    cols = read<Size>(in);
+    i0 = read<Size>(in);
+    j0 = read<Size>(in);
+    n1 = read<Size>(in);
+    n2 = read<Size>(in);
+    op = in.code();
+    require_inside();
+    Workload work(in);
+    matrix = work.dense_target(rows, cols);
+    buffer = work.dense_target(n1, n2);
+  }
 };
 
 }  // namespace golden

@@ -155,7 +155,7 @@ void Verification::run_group(const golden::Group& group) {
     }
   }
   for (const auto& entry : classes_) {
-    print_row(group.name, std::string(1, entry.first), entry.second);
+    print_row(group.name.c_str(), std::string(1, entry.first), entry.second);
     total_.add(entry.second);
   }
 }

@@ -1,0 +1,29 @@
+#include "golden/generate/requests.h"
+
+namespace generate {
+
+std::string Requests::kind() {
+  static const char* const kKinds[] = {"short", "plain", "short", "whole", "wide", "short", "tiny", "nasty"};
+  return kKinds[turn_++ % 8];
+}
+
+golden::Tokens Requests::numbers(const std::string& kind, int n) {
+  golden::Tokens tokens;
+  for (int i = 0; i < n; ++i) {
+    tokens.number(number(kind));
+  }
+  return tokens;
+}
+
+void Requests::add_numbers(char bit_class, const std::string& function, int n, int count) {
+  for (int i = 0; i < count; ++i) {
+    add(bit_class, function, numbers(kind(), n));
+  }
+}
+
+double Requests::uniform(double lowest, double highest) {
+  const double unit = static_cast<double>(bits_.next() >> 11) * 0x1p-53;
+  return lowest + (highest - lowest) * unit;
+}
+
+}  // namespace generate

@@ -1,0 +1,77 @@
+#ifndef ALIDADE_TESTS_GOLDEN_GENERATE_REQUESTS_H
+#define ALIDADE_TESTS_GOLDEN_GENERATE_REQUESTS_H
+
+#include <string>
+#include <vector>
+
+#include "golden/case.h"
+#include "golden/inputs.h"
+
+namespace generate {
+
+// The arguments for which the literal reference is asked.
+struct Request {
+  char bit_class;
+  std::string function;
+  golden::Tokens arguments;
+};
+
+// The requests of one group, drawn from a stream of its own, so that a change in one group leaves the others alone.
+class Requests {
+public:
+  explicit Requests(std::uint64_t seed) : bits_(seed) {}
+
+  void add(char bit_class, const std::string& function, const golden::Tokens& arguments) {
+    list_.push_back({bit_class, function, arguments});
+  }
+
+  // `count` requests whose arguments are n numbers: three in eight short, the others of every kind in turn.
+  void add_numbers(char bit_class, const std::string& function, int n, int count);
+
+  // n numbers of one kind.
+  golden::Tokens numbers(const std::string& kind, int n);
+
+  // One of the kinds of random_double, in turn.
+  std::string kind();
+
+  double number(const std::string& kind) { return golden::random_double(bits_, kind); }
+  int below(int n) { return bits_.below(n); }
+  int any_integer() { return static_cast<int>(static_cast<std::uint32_t>(bits_.next() >> 32)); }
+  int between(int lowest, int highest) { return lowest + bits_.below(highest - lowest + 1); }
+  // A multiple of 1/4096 in [lowest, highest).
+  double fraction(double lowest, double highest) { return lowest + (highest - lowest) * (below(4096) * 0x1p-12); }
+  // Uniform in [lowest, highest), all digits used.
+  double uniform(double lowest, double highest);
+  int seed() { return bits_.below(1000000); }
+
+  const std::vector<Request>& list() const { return list_; }
+
+private:
+  golden::RandomBits bits_;
+  int turn_ = 0;
+  std::vector<Request> list_;
+};
+
+Requests coordinates_requests();
+Requests conversions_requests();
+Requests local_frames_requests();
+Requests angles_requests();
+Requests points_requests();
+Requests rectangles_requests();
+Requests lines_requests();
+Requests arcs_requests();
+Requests triads_requests();
+Requests covariances_requests();
+Requests matrices3_requests();
+Requests eigen_requests();
+Requests storage_requests();
+Requests products_requests();
+Requests operators_requests();
+Requests inversion_requests();
+Requests scalars_requests();
+Requests chi_square_requests();
+Requests tau_requests();
+
+}  // namespace generate
+
+#endif
