@@ -6,6 +6,7 @@
 
 #include <alidade/export.h>
 
+/// What is newer than the library's old names, which stand in the global namespace.
 namespace alidade {
 
 /// What can be wrong with the floating-point environment of a thread. The values are bits and may be combined.

@@ -19,6 +19,7 @@
 #elif defined(__GNUC__)
 #define ALIDADE_API __attribute__((visibility("default")))
 #else
+/// Stands before every exported name.
 #define ALIDADE_API
 #endif
 
