@@ -7,13 +7,17 @@
 /// When the library is built as an extension module of the Microsoft Foundation Classes (CMake option
 /// `ALIDADE_WITH_MFC`, which defines the macro of that name for the library and for everything that links it), `CPoint`
 /// and `CRect` are the framework's own. Otherwise they are the plain stand-ins below, with the same field names, so
-/// that the conversions of `TAbstractPoint2` and `TAbstractRect` work alike. A program that has types of these names
-/// from elsewhere cannot include this header without the macro.
+/// that the conversions of `TAbstractPoint2` and `TAbstractRect` work alike.
+///
+/// A program that has types of these names from elsewhere defines `ALIDADE_WITHOUT_HOST_TYPES` before it includes any
+/// header of the library, in every source: the stand-ins and the four conversions from and to them are then left out,
+/// nothing else.
 ///
 /// Ints become doubles exactly. Doubles become ints by truncation towards zero; outside the range of int, and for NaN,
 /// they become INT_MIN (-2147483648) on every platform.
 
-#if defined(ALIDADE_WITH_MFC)
+#if defined(ALIDADE_WITHOUT_HOST_TYPES)
+#elif defined(ALIDADE_WITH_MFC)
 #include <afxwin.h>
 #else
 

@@ -145,6 +145,7 @@ public:
   TAbstractPoint2(const TAbstractPoint2& o) = default;
   TAbstractPoint2& operator=(const TAbstractPoint2& o) = default;
 
+#if !defined(ALIDADE_WITHOUT_HOST_TYPES)
   /// Both ints, exactly.
   TAbstractPoint2(const CPoint& p);
 
@@ -152,6 +153,7 @@ public:
   ///
   /// A component outside the range of int, an infinity and a NaN give INT_MIN (-2147483648), on every platform.
   operator CPoint() const;
+#endif
 
   T X() const { return (*this)[0]; }  ///< First component.
   T& X() { return (*this)[0]; }       ///< First component.
@@ -242,15 +244,17 @@ public:
   /// From p to (p.x + s.cx, p.y + s.cy).
   TAbstractRect(const TAbstractPoint2<T>& p, const TAbstractSize2<T>& s);
 
-  /// The four ints, exactly.
-  TAbstractRect(const CRect& r);
-
   TAbstractRect(const TAbstractRect& o) = default;
   TAbstractRect& operator=(const TAbstractRect& o) = default;
+
+#if !defined(ALIDADE_WITHOUT_HOST_TYPES)
+  /// The four ints, exactly.
+  TAbstractRect(const CRect& r);
 
   /// Truncates each field towards zero, without rounding; INT_MIN outside the range of int and for NaN, as in the
   /// conversion of points.
   operator CRect() const;
+#endif
 
   T left() const { return left_; }      ///< Left edge.
   T& left() { return left_; }           ///< Left edge.
