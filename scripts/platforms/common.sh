@@ -11,6 +11,8 @@ rows=$platforms/rows.d/$(basename "$0")
 # setup [TASK]: installs the packages that are missing and takes the rows of an earlier run away.
 setup() {
   "$root"/scripts/setup "${1:-platforms}"
+  cd "$root"
+  . scripts/compiler-cache
   mkdir -p "$platforms/rows.d"
   : >"$rows"
 }
@@ -80,7 +82,7 @@ cross() {
   echo "== $platform"
   configure "$platforms/$toolchain" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake" \
     -DCMAKE_CXX_FLAGS_RELEASE=-O2 -DALIDADE_GTEST_SOURCE_DIR=/usr/src/googletest -DALIDADE_TEST_TIMEOUT=3000 \
-    -DALIDADE_BUILD_EXAMPLES=OFF -DALIDADE_BUILD_DEMOS=OFF "$@"
+    -DALIDADE_BUILD_EXAMPLES=OFF "$@"
   cmake --build "$build"
   test_build "$platform" -O2 "$build"
 }
