@@ -5,7 +5,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 double distance(const Point2& p, const Point2& centre) {

@@ -5,7 +5,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 // The two zero tests catch zeros and values without full precision; they are not relative tolerances. They differ, and

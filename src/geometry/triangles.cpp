@@ -4,7 +4,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 using Point2 = TAbstractPoint2<double>;

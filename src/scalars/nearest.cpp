@@ -6,7 +6,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 // x = m * 2^e with 0.5 <= |m| < 1. frexp leaves e open for NaN and infinities; here it is 0, as for zeros.

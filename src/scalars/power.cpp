@@ -7,7 +7,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 constexpr int kLargestMultipliedPower = 31;

@@ -5,7 +5,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 // Left rotation of the low `width` bits (8, 16 or 32). The low bits of a two's complement shift are the shift modulo

@@ -6,7 +6,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 // In unsigned arithmetic, where the smallest int is its own negative.

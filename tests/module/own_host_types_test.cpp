@@ -1,4 +1,5 @@
-// A host with a CPoint and a CRect of its own, which are nothing like the stand-ins, uses the whole library all the same.
+// A host with a CPoint and a CRect of its own, which are nothing like the stand-ins, uses the whole library all the
+// same.
 
 #define ALIDADE_WITHOUT_HOST_TYPES
 

@@ -6,7 +6,6 @@
 #include "reference/operators.h"
 
 namespace reference {
-
 namespace {
 
 // Element (i, j), both from 1, i >= j.

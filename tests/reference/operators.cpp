@@ -3,7 +3,6 @@
 #include "reference/products.h"
 
 namespace reference {
-
 namespace {
 
 bool clears(char op) { return op == '=' || op == '|'; }

@@ -1,7 +1,6 @@
 #include "reference/products.h"
 
 namespace reference {
-
 namespace {
 
 // Position, from 0, of element (i, j), from 0; -1 where the mode stores no such element.
