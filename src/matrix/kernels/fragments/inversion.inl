@@ -93,7 +93,7 @@ static void update_rows_below(double* packed, std::ptrdiff_t n, std::ptrdiff_t f
                              columns,
                              false},
                             lines, true);
-        add_row_bits(s, row, row + lines, own);
+        spread_row_bits(s, row, row + lines, bits & column_bits(s, t0, t1), own);
       });
       row += lines;
     }

@@ -1,7 +1,7 @@
 #ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SPARSITY_INL
 #define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SPARSITY_INL
 
-// Where a packed matrix has nonzeros.h, inside namespace ALIDADE_ISA.
+// Where a packed matrix has nonzeros.
 
 #include <cstddef>
 #include <cstdint>
@@ -28,6 +28,14 @@ ALIDADE_INLINE std::uint64_t row_bits(const Sparsity& s, std::ptrdiff_t first, s
 ALIDADE_INLINE void add_row_bits(Sparsity& s, std::ptrdiff_t first, std::ptrdiff_t end, std::uint64_t bits) {
   for (std::ptrdiff_t r = first / s.chunk; r <= (end - 1) / s.chunk; ++r) {
     s.words[r] |= bits;
+  }
+}
+
+// The same for those rows alone that have one of the bits `cause` already.
+ALIDADE_INLINE void spread_row_bits(Sparsity& s, std::ptrdiff_t first, std::ptrdiff_t end, std::uint64_t cause,
+                                    std::uint64_t bits) {
+  for (std::ptrdiff_t r = first / s.chunk; r <= (end - 1) / s.chunk; ++r) {
+    s.words[r] |= (s.words[r] & cause) != 0 ? bits : 0;
   }
 }
 
