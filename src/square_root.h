@@ -17,11 +17,7 @@
 namespace alidade {
 
 // Always inlined, so that the sources compiled for other processors leave no copy for the linker to take.
-#if defined(__GNUC__)
-[[gnu::always_inline]]
-#endif
-inline double
-square_root(double x) {
+[[gnu::always_inline]] inline double square_root(double x) {
 #if defined(__SSE2__) || defined(_M_X64)
   const __m128d both = _mm_set_sd(x);
   return _mm_cvtsd_f64(_mm_sqrt_sd(both, both));

@@ -1,10 +1,9 @@
-#ifndef ALIDADE_SRC_ENVIRONMENT_SOFT_ADDITION_H
-#define ALIDADE_SRC_ENVIRONMENT_SOFT_ADDITION_H
+#ifndef ALIDADE_SRC_PLATFORM_ARM_SOFT_ADDITION_H
+#define ALIDADE_SRC_PLATFORM_ARM_SOFT_ADDITION_H
 
-// Additions of IEEE 754 doubles, rounded to nearest, ties to even, out of integer operations alone; and the conversions
-// to double that share their rounding. For processors without floating-point unit whose run-time library rounds
-// wrongly, see arm_run_time.cpp. The steps are those of Muller et al., Handbook of Floating-Point Arithmetic, 2nd
-// edition, section 7.3: align with three extra bits, the last of them sticky; add; normalise; round once.
+// Additions of IEEE 754 doubles, rounded to nearest, ties to even, out of integer operations alone: see addition.cpp.
+// The steps are those of Muller et al., Handbook of Floating-Point Arithmetic, 2nd edition, section 7.3: align with
+// three extra bits, the last of them sticky; add; normalise; round once.
 
 #include <cstdint>
 
@@ -26,17 +25,6 @@ constexpr Bits shifted_sticky(Bits significand, int places) {
   }
   const Bits lost = significand & ((Bits{1} << places) - 1);
   return significand >> places | (lost != 0 ? 1 : 0);
-}
-
-constexpr int leading_zeros(Bits x) {
-  int zeros = 0;
-  for (int step = 32; step > 0; step /= 2) {
-    if (x >> (64 - step) == 0) {
-      x <<= step;
-      zeros += step;
-    }
-  }
-  return zeros;
 }
 
 // The double of a significand with extra bits: its leading bit is kTop, or below if the biased exponent is 1.
@@ -86,41 +74,12 @@ constexpr Bits sum(Bits a, Bits b) {
     return rounded(sign, exponent, total);
   }
   Bits difference = a_significand - b_significand;
-  if (difference >= kTop) {  // the usual case, and leading zeros are costly to count
-    return rounded(sign, exponent, difference);
-  }
   if (difference == 0) {
     return 0;
   }
-  const int wanted = leading_zeros(difference) - leading_zeros(kTop);
+  const int wanted = __builtin_clzll(difference) - __builtin_clzll(kTop);
   const int places = wanted < exponent ? wanted : exponent - 1;
   return rounded(sign, exponent - places, difference << places);
-}
-
-constexpr Bits from_integer(Bits magnitude, bool negative) {
-  if (magnitude == 0) {
-    return 0;
-  }
-  const int zeros = leading_zeros(magnitude);
-  return rounded(negative ? kSign : 0, 1023 + 63 - zeros, shifted_sticky(magnitude << zeros, leading_zeros(kTop)));
-}
-
-constexpr Bits from_signed(std::int64_t x) {
-  const Bits bits = static_cast<Bits>(x);
-  return x < 0 ? from_integer(0 - bits, true) : from_integer(bits, false);
-}
-
-constexpr Bits from_float(std::uint32_t x) {
-  const Bits sign = static_cast<Bits>(x >> 31) << 63;
-  const int field = static_cast<int>(x >> 23 & 0xff);
-  const Bits fraction = x & 0x7fffff;
-  if (field == 0xff) {
-    return sign | kInfinity | fraction << 29 | (fraction != 0 ? kQuietNan : 0);
-  }
-  if (field == 0) {  // fraction times 2 to the power -149
-    return sign | (fraction == 0 ? 0 : from_integer(fraction, false) - (Bits{149} << 52));
-  }
-  return sign | static_cast<Bits>(field + 1023 - 127) << 52 | fraction << 29;
 }
 
 }  // namespace alidade::soft
