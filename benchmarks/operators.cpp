@@ -1,7 +1,5 @@
 // The congruences and the operator family, beside Eigen and OpenBLAS on dense storage.
 
-#include "matrix/operators.h"
-
 #include <alidade/matrix.h>
 
 #include <cstddef>
@@ -10,6 +8,7 @@
 
 #include "peers.h"
 #include "sets.h"
+#include "views.h"
 #include "works.h"
 
 namespace benchmarks {
@@ -63,7 +62,6 @@ void measure_beside_peers(const std::string& work, const std::string& size, doub
 }
 
 void measure_congruences(int n, int m, const Operands& o) {
-  using namespace alidade;
   const std::string size = std::to_string(n) + "x" + std::to_string(m);
   const double lines = n;
   const double columns = m;
@@ -74,16 +72,17 @@ void measure_congruences(int n, int m, const Operands& o) {
         [=](const MatrixPeer& peer) { peer.congruence(o.a, o.s, o.theirs, n, m); });
     measure_beside_peers(
         "SMATRopRt_S_R", size, 2 * lines * lines * columns + columns * (columns + 1) * lines,
-        {o.ours, o.theirs, m, m, true}, [=] { op_transposed_congruence(o.ours, m, '=', o.a, n, m, o.r_packed); },
+        {o.ours, o.theirs, m, m, true},
+        [=] { packed_op(SMATRopRt_S_R, o.ours, m, '=', dense_view(o.a, n, m), packed_view(o.r_packed, n)); },
         [=](const MatrixPeer& peer) { peer.transposed_congruence(o.a, o.r, o.theirs, m, n); });
   }
   measure_beside_peers(
       "SMATRopRt_R", size, columns * (columns + 1) * lines, {o.ours, o.theirs, m, m, true},
-      [=] { op_gram(o.ours, m, '=', o.a, n, m); }, [=](const MatrixPeer& peer) { peer.gram(o.a, o.theirs, m, n); });
+      [=] { packed_op(SMATRopRt_R, o.ours, m, '=', dense_view(o.a, n, m)); },
+      [=](const MatrixPeer& peer) { peer.gram(o.a, o.theirs, m, n); });
 }
 
 void measure_family(int n, const Operands& o) {
-  using namespace alidade;
   const std::string size = std::to_string(n);
   const double flops = 2.0 * n * n * n;
   const Results dense = {o.ours, o.theirs, n, n, false};
@@ -93,32 +92,46 @@ void measure_family(int n, const Operands& o) {
     measure_beside_peers(work, size, count, results, run, peer);
   };
   family(
-      "SMATRopABti", flops, packed, [=] { op_symmetrized_product(o.ours, n, '=', o.a, o.b, n, n); },
+      "SMATRopABti", flops, packed,
+      [=] { packed_op(SMATRopABti, o.ours, n, '=', dense_view(o.a, n, n), dense_view(o.b, n, n)); },
       [=](const MatrixPeer& peer) { peer.symmetrized_product(o.a, o.b, o.theirs, n, n); });
   family(
-      "SMATRopS1_S2", flops / 2, packed, [=] { op_symmetric_product(o.ours, n, '=', o.s_packed, o.r_packed, n); },
+      "SMATRopS1_S2", flops / 2, packed,
+      [=] { packed_op(SMATRopS1_S2, o.ours, n, '=', packed_view(o.s_packed, n), packed_view(o.r_packed, n)); },
       [=](const MatrixPeer& peer) { peer.symmetric_product(o.s, o.r, o.theirs, n); });
   family(
-      "MATRopS_R", flops, dense, [=] { op_symmetric_dense(o.ours, n, n, '=', o.s_packed, o.a, n, n); },
+      "MATRopS_R", flops, dense,
+      [=] { dense_op(MATRopS_R, o.ours, n, n, '=', packed_view(o.s_packed, n), dense_view(o.a, n, n)); },
       [=](const MatrixPeer& peer) { peer.symmetric_dense(o.s, o.a, o.theirs, n, n); });
   family(
-      "MATRopR_S", flops, dense, [=] { op_dense_symmetric(o.ours, n, n, '=', o.a, n, n, o.s_packed); },
+      "MATRopR_S", flops, dense,
+      [=] { dense_op(MATRopR_S, o.ours, n, n, '=', dense_view(o.a, n, n), packed_view(o.s_packed, n)); },
       [=](const MatrixPeer& peer) { peer.dense_symmetric(o.a, o.s, o.theirs, n, n); });
   family(
-      "MATRopR1t_R", flops, dense, [=] { op_transposed_dense(o.ours, n, n, '=', o.a, n, n, o.b, n, n); },
+      "MATRopR1t_R", flops, dense,
+      [=] { dense_op(MATRopR1t_R, o.ours, n, n, '=', dense_view(o.a, n, n), dense_view(o.b, n, n)); },
       [=](const MatrixPeer& peer) { peer.transposed_product(o.a, o.b, o.theirs, n, n, n); });
   family(
-      "MATRopR1_R2", flops, dense, [=] { op_dense_dense(o.ours, '=', o.a, n, n, o.b, n, n); },
+      "MATRopR1_R2", flops, dense,
+      [=] { dense_op(MATRopR1_R2, o.ours, n, n, '=', dense_view(o.a, n, n), dense_view(o.b, n, n)); },
       [=](const MatrixPeer& peer) { peer.product(o.a, o.b, o.theirs, n, n, n); });
   family(
-      "MATRopR1_R2t", flops, dense, [=] { op_dense_transposed(o.ours, '=', o.a, n, o.b, n, n); },
+      "MATRopR1_R2t", flops, dense,
+      [=] { dense_op(MATRopR1_R2t, o.ours, n, n, '=', dense_view(o.a, n, n), dense_view(o.b, n, n)); },
       [=](const MatrixPeer& peer) { peer.product_transposed(o.a, o.b, o.theirs, n, n, n); });
   family(
       "MATRopR1_S_R2t", 2 * flops, dense,
-      [=] { op_dense_symmetric_transposed(o.ours, '=', o.a, n, o.s_packed, o.b, n, n); },
+      [=] {
+        dense_op(MATRopR1_S_R2t, o.ours, n, n, '=', dense_view(o.a, n, n), packed_view(o.s_packed, n),
+                 dense_view(o.b, n, n));
+      },
       [=](const MatrixPeer& peer) { peer.dense_symmetric_transposed(o.a, o.s, o.b, o.theirs, n, n, n); });
   family(
-      "MATRopR1_R2_R3t", 2 * flops, dense, [=] { op_dense_dense_transposed(o.ours, '=', o.a, n, o.s, n, o.b, n, n); },
+      "MATRopR1_R2_R3t", 2 * flops, dense,
+      [=] {
+        dense_op(MATRopR1_R2_R3t, o.ours, n, n, '=', dense_view(o.a, n, n), dense_view(o.s, n, n),
+                 dense_view(o.b, n, n));
+      },
       [=](const MatrixPeer& peer) { peer.dense_dense_transposed(o.a, o.s, o.b, o.theirs, n, n, n); });
 }
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "matrix/plain/plain_kernels.h"
+#include "matrix/plain/plain_products.h"
 #include "peers.h"
 #include "sets.h"
 #include "works.h"
@@ -31,7 +31,11 @@ void measure_square(int n, const double* a, const double* b, double* c, double* 
 // What the choice of the kernels costs where the plain loops do the work: the exported name beside the bare loops.
 void measure_dispatch(int n, const double* a, const double* b, double* c) {
   std::vector<Variant> variants = on_best_set(0.0, [=] { MatrixProduct(a, b, c, n, n, n); });
-  variants.push_back({"plain loops, called directly", 0.0, [=] { alidade::plain::matrix_product(a, b, c, n, n, n); }});
+  using namespace alidade;
+  variants.push_back(
+      {"plain loops, called directly", 0.0, [=] {
+         plain::product_loops.product(dense_target(c, n), dense(a, n), dense(b, n), {n, n, n}, {true, false});
+       }});
   measure("dispatch", std::to_string(n), variants);
 }
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <utility>
 
-#include "matrix/operators.h"
 #include "sets.h"
+#include "views.h"
 #include "works.h"
 
 namespace benchmarks {
@@ -82,7 +82,6 @@ std::vector<std::array<int, 3>> shapes(bool two_sizes) {
 }  // namespace
 
 void measure_small_shapes() {
-  using namespace alidade;
   const std::vector<double> values = random_values(100000);
   const std::vector<double> others(values.rbegin(), values.rend());
   std::vector<double> target(100000);
@@ -96,19 +95,41 @@ void measure_small_shapes() {
       {"SMatrProduct, b packed", [=](int n, int m, int k) { SMatrProduct(a, b, c, n, m, 0, 1, k); }, false},
       {"SMatrProductAQAt", [=](int n, int m, int) { SMatrProductAQAt(a, b, c, n, m, '='); }, true},
       {"MRAtQL", [=](int n, int m, int) { MRAtQL(c, '=', a, b, a, n, m); }, true},
-      {"SMATRopRt_S_R", [=](int n, int m, int) { op_transposed_congruence(c, n, '=', a, m, n, b); }, true},
-      {"SMATRopRt_R", [=](int n, int m, int) { op_gram(c, n, '=', a, m, n); }, true},
-      {"SMATRopABti", [=](int n, int m, int) { op_symmetrized_product(c, n, '=', a, b, n, m); }, true},
-      {"SMATRopS1_S2", [=](int n, int, int) { op_symmetric_product(c, n, '=', a, b, n); }, true},
-      {"MATRopS_R", [=](int n, int m, int) { op_symmetric_dense(c, n, m, '=', a, b, n, m); }, true},
-      {"MATRopR_S", [=](int n, int m, int) { op_dense_symmetric(c, n, m, '=', a, n, m, b); }, true},
-      {"MATRopR_S, subtracted", [=](int n, int m, int) { op_dense_symmetric(c, n, m, '|', a, n, m, b); }, true},
-      {"MATRopR1t_R", [=](int n, int m, int k) { op_transposed_dense(c, n, k, '=', a, m, n, b, m, k); }, false},
-      {"MATRopR1_R2", [=](int n, int m, int k) { op_dense_dense(c, '=', a, n, m, b, m, k); }, false},
-      {"MATRopR1_R2, subtracted", [=](int n, int m, int k) { op_dense_dense(c, '|', a, n, m, b, m, k); }, false},
-      {"MATRopR1_R2t", [=](int n, int m, int k) { op_dense_transposed(c, '=', a, n, b, k, m); }, false},
-      {"MATRopR1_S_R2t", [=](int n, int m, int k) { op_dense_symmetric_transposed(c, '=', a, n, b, a, k, m); }, false},
-      {"MATRopR1_R2_R3t", [=](int n, int m, int k) { op_dense_dense_transposed(c, '=', a, n, b, m, a, k, m); }, false},
+      {"SMATRopRt_S_R",
+       [=](int n, int m, int) { packed_op(SMATRopRt_S_R, c, n, '=', dense_view(a, m, n), packed_view(b, m)); }, true},
+      {"SMATRopRt_R", [=](int n, int m, int) { packed_op(SMATRopRt_R, c, n, '=', dense_view(a, m, n)); }, true},
+      {"SMATRopABti",
+       [=](int n, int m, int) { packed_op(SMATRopABti, c, n, '=', dense_view(a, n, m), dense_view(b, n, m)); }, true},
+      {"SMATRopS1_S2",
+       [=](int n, int, int) { packed_op(SMATRopS1_S2, c, n, '=', packed_view(a, n), packed_view(b, n)); }, true},
+      {"MATRopS_R",
+       [=](int n, int m, int) { dense_op(MATRopS_R, c, n, m, '=', packed_view(a, n), dense_view(b, n, m)); }, true},
+      {"MATRopR_S",
+       [=](int n, int m, int) { dense_op(MATRopR_S, c, n, m, '=', dense_view(a, n, m), packed_view(b, m)); }, true},
+      {"MATRopR_S, subtracted",
+       [=](int n, int m, int) { dense_op(MATRopR_S, c, n, m, '|', dense_view(a, n, m), packed_view(b, m)); }, true},
+      {"MATRopR1t_R",
+       [=](int n, int m, int k) { dense_op(MATRopR1t_R, c, n, k, '=', dense_view(a, m, n), dense_view(b, m, k)); },
+       false},
+      {"MATRopR1_R2",
+       [=](int n, int m, int k) { dense_op(MATRopR1_R2, c, n, k, '=', dense_view(a, n, m), dense_view(b, m, k)); },
+       false},
+      {"MATRopR1_R2, subtracted",
+       [=](int n, int m, int k) { dense_op(MATRopR1_R2, c, n, k, '|', dense_view(a, n, m), dense_view(b, m, k)); },
+       false},
+      {"MATRopR1_R2t",
+       [=](int n, int m, int k) { dense_op(MATRopR1_R2t, c, n, k, '=', dense_view(a, n, m), dense_view(b, k, m)); },
+       false},
+      {"MATRopR1_S_R2t",
+       [=](int n, int m, int k) {
+         dense_op(MATRopR1_S_R2t, c, n, k, '=', dense_view(a, n, m), packed_view(b, m), dense_view(a, k, m));
+       },
+       false},
+      {"MATRopR1_R2_R3t",
+       [=](int n, int m, int k) {
+         dense_op(MATRopR1_R2_R3t, c, n, k, '=', dense_view(a, n, m), dense_view(b, m, m), dense_view(a, k, m));
+       },
+       false},
   };
   for (const Work& work : works) {
     for (const auto& [n, m, k] : shapes(work.two_sizes)) {

@@ -8,7 +8,7 @@
 #include "matrix/inversion_progress.h"
 #include "matrix/kernels/kernel_table.h"
 #include "matrix/packed_index.h"
-#include "matrix/plain/plain_kernels.h"
+#include "matrix/plain/plain_inversion.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {

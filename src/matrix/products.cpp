@@ -1,109 +1,67 @@
+// The exported products on bare buffers.
+
 #include "matrix/products.h"
 
 #include <alidade/matrix.h>
 
+#include <cstddef>
 #include <cstdint>
 
-#include "matrix/kernels/kernel_table.h"
-#include "matrix/kernels/kernels.h"
-#include "matrix/plain/plain_kernels.h"
+#include "matrix/multiply.h"
 #include "matrix/products3.h"
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
-using kernels::Extent;
-using kernels::Operand;
-using kernels::Preparation;
-
-Operand dense(const double* data, int ld) { return {Operand::kDense, data, ld}; }
-Operand transposed(const double* data, int ld) { return {Operand::kTransposed, data, ld}; }
-Operand packed(const double* data) { return {Operand::kPacked, data, 0}; }
+Operand operand(const double* data, int mode, int rows) {
+  return mode < 1 ? dense(data, rows) : mode == 1 ? packed(data) : diagonal(data);
+}
 
 }  // namespace
 
-void matrix_product(const double* a, const double* b, double* c, int n, int m, int k) {
-  if (n == 3 && m == 3 && k == 3) {
-    dense_product3(a, b, c);
-    return;
-  }
-  const Extent extent = {n, k, m};
-  if (const kernels::KernelTable* fast = kernels::active_for(extent, Preparation::kNothing)) {
-    fast->product({c, n, false}, dense(a, n), dense(b, m), extent, {true, false});
-  } else {
-    plain::matrix_product(a, b, c, n, m, k);
-  }
-}
-
-void transposed_product(const double* a, const double* b, double* c, int n, int m, int k) {
-  const Extent extent = {m, k, n};
-  if (const kernels::KernelTable* fast = kernels::active_for(extent, Preparation::kTransposes)) {
-    fast->product({c, m, false}, transposed(a, n), dense(b, n), extent, {true, false});
-  } else {
-    plain::transposed_product(a, b, c, n, m, k);
-  }
-}
-
-void mixed_product(const double* a, const double* b, double* c, int n, int m, int modeA, int modeB, int k) {
-  const Extent extent = {n, k, m};
-  const Preparation preparation = modeA == 1   ? Preparation::kMirrors
-                                  : modeB == 1 ? Preparation::kCopies
-                                               : Preparation::kNothing;
-  const kernels::KernelTable* fast = kernels::active_for(extent, preparation);
-  const std::int64_t code = std::int64_t{modeA} * 10 + modeB;
-  const bool diagonal = modeA > 1 || modeB > 1;
-  if (fast == nullptr || (diagonal && code != 0)) {  // diagonal operands are no work for tiles
-    plain::mixed_product(a, b, c, n, m, modeA, modeB, k);
-    return;
-  }
-  const Operand left = modeA == 1 && code != 0 ? packed(a) : dense(a, n);
-  const Operand right = modeB == 1 && code != 0 ? packed(b) : dense(b, m);
-  fast->product({c, n, false}, left, right, extent, {true, false});
-}
-
 void congruence_product(const double* a, const double* q, double* c, int n, int m, char op) {
-  if (n == 3 && m == 3 && op != '+' && op != '-' && op != '|') {
+  const Mode mode = {op != '+' && op != '-', op == '-' || op == '|'};
+  if (n == 3 && m == 3 && mode.clear && !mode.negate) {
     congruence_product3(a, q, c);
     return;
   }
-  const Extent extent = {n, n, m};
-  if (const kernels::KernelTable* fast = kernels::active_for(extent, Preparation::kCopies)) {
-    fast->product_of_product({c, 0, true}, dense(a, n), packed(q), m, transposed(a, n), extent,
-                             {op != '+' && op != '-', op == '-' || op == '|'});
-  } else {
-    plain::congruence_product(a, q, c, n, m, op);
-  }
-}
-
-void transposed_congruence_vector(double* r, char op, const double* a, const double* q, const double* l, int n, int m) {
-  if (const kernels::KernelTable* fast = kernels::active_for({m, 1, n}, Preparation::kNothing)) {
-    fast->product_of_product({r, m, false}, transposed(a, n), packed(q), n, dense(l, n), Extent{m, 1, n},
-                             {op != '+', false});
-  } else {
-    plain::transposed_congruence_vector(r, op, a, q, l, n, m);
-  }
+  multiply_on_left(packed_target(c), dense(a, n), packed(q), m, transposed(a, n), {n, n, m}, mode);
 }
 
 }  // namespace alidade
 
+using namespace alidade;
+
 void MatrixProduct(const double* a, const double* b, double* c, int n, int m, int k) {
-  alidade::matrix_product(a, b, c, n, m, k);
+  if (n == 3 && m == 3 && k == 3) {
+    dense_product3(a, b, c);
+    return;
+  }
+  multiply(dense_target(c, n), dense(a, n), dense(b, m), {n, k, m}, {true, false});
 }
 
 void MAtB(const double* a, const double* b, double* c, int n, int m, int k) {
-  alidade::transposed_product(a, b, c, n, m, k);
+  multiply(dense_target(c, m), transposed(a, n), dense(b, n), {m, k, n}, {true, false});
 }
 
+// The sum of the two digits decides, whatever the modes: (3, 3) is no product of diagonals here, (1, 12) is one.
 void SMatrProduct(const double* a, const double* b, double* c, int n, int m, int modeA, int modeB, int k) {
-  alidade::mixed_product(a, b, c, n, m, modeA, modeB, k);
+  const std::int64_t code = std::int64_t{modeA} * 10 + modeB;
+  if (code == 22) {
+    for (std::ptrdiff_t i = 0; i < n; ++i) {
+      c[i] = a[i] * b[i];
+    }
+    return;
+  }
+  multiply(dense_target(c, n), operand(a, code == 0 ? 0 : modeA, n), operand(b, code == 0 ? 0 : modeB, m), {n, k, m},
+           {true, false});
 }
 
 void SMatrProductAQAt(const double* a, const double* q, double* c, int n, int m, char op) {
-  alidade::congruence_product(a, q, c, n, m, op);
+  congruence_product(a, q, c, n, m, op);
 }
 
 void MRAtQL(double* r, char op, const double* a, const double* q, const double* l, int n, int m) {
-  alidade::transposed_congruence_vector(r, op, a, q, l, n, m);
+  multiply_on_left(dense_target(r, m), transposed(a, n), packed(q), n, dense(l, n), {m, 1, n}, {op != '+', false});
 }

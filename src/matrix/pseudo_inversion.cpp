@@ -1,7 +1,7 @@
 #include <alidade/matrix.h>
 
 #include "matrix/inversion.h"
-#include "matrix/operators.h"
+#include "matrix/multiply.h"
 #include "matrix/packed_index.h"
 #include "matrix/products.h"
 #include "strict_arithmetic.h"
@@ -9,6 +9,10 @@
 namespace alidade {
 
 namespace {
+
+constexpr Mode kAssign = {true, false};
+constexpr Mode kAdd = {false, false};
+constexpr Mode kSubtract = {false, true};
 
 // Narrows a matrix to its leading block and widens it again on every way out, a failed allocation included.
 class NarrowedOrder {
@@ -24,7 +28,6 @@ private:
 };
 
 double* data(TSMatrix& m) { return static_cast<double*>(m); }
-double* data(TMatrix& m) { return static_cast<double*>(m); }
 
 void set_identity(TSMatrix& m) {
   m = 0;
@@ -41,25 +44,25 @@ int pseudo_invert_blocks(TSMatrix& matrix, TMatrix& coupling, TSMatrix& trailing
   double* q = data(matrix);
 
   TMatrix h(m, d, 1);
-  op_symmetric_dense(data(h), m, d, '=', q, data(coupling), m, d);
+  multiply(dense_target(h, m), packed(q), dense(coupling, m), {m, d, m}, kAssign);
 
   TSMatrix normal(d, 1);  // I + H'H
   set_identity(normal);
-  op_gram(data(normal), d, '+', data(h), m, d);
+  multiply(packed_target(normal), transposed(h, m), dense(h, m), {d, d, m}, kAdd);
   if (invert_normal_matrix(data(normal), d, nullptr, 99) != 0) {
     return -1;
   }
 
   TMatrix k(m, d, 1);
-  op_dense_symmetric(data(k), m, d, '=', data(h), m, d, data(normal));
+  multiply(dense_target(k, m), dense(h, m), packed(normal), {m, d, d}, kAssign);
   TMatrix qk(m, d, 1);
-  op_symmetric_dense(data(qk), m, d, '=', q, data(k), m, d);
-  op_transposed_congruence(data(trailing), d, '=', data(h), m, d, q);
-  op_symmetrized_product(q, m, '-', data(h), data(qk), m, d);
-  congruence_product(data(k), data(trailing), q, m, d, '+');
+  multiply(dense_target(qk, m), packed(q), dense(k, m), {m, d, m}, kAssign);
+  multiply_on_right(packed_target(trailing), transposed(h, m), packed(q), m, dense(h, m), {d, d, m}, kAssign);
+  multiply_symmetrized(packed_target(q), dense(h, m), dense(qk, m), {m, m, d}, kSubtract);
+  congruence_product(k, trailing, q, m, d, '+');
 
-  op_symmetric_dense(data(coupling), m, d, '=', q, data(h), m, d);
-  op_transposed_congruence(data(trailing), d, '=', data(h), m, d, q);
+  multiply(dense_target(coupling, m), packed(q), dense(h, m), {m, d, m}, kAssign);
+  multiply_on_right(packed_target(trailing), transposed(h, m), packed(q), m, dense(h, m), {d, d, m}, kAssign);
   return 0;
 }
 

@@ -4,43 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "matrix/kernels/operands.h"
 #include "strict_arithmetic.h"
 
 namespace alidade::kernels {
-
-// An operand as it is stored; element (row, column) counts from (row0, column0) of the stored matrix.
-struct Operand {
-  enum Layout {
-    kDense,       // at row + column * ld
-    kTransposed,  // at column + row * ld: the transpose of a dense matrix
-    kPacked       // symmetric, packed lower triangle
-  };
-  Layout layout;
-  const double* data;
-  std::ptrdiff_t ld;
-  std::ptrdiff_t row0 = 0;
-  std::ptrdiff_t column0 = 0;
-};
-
-// The target of a product, by lines of contiguous lanes: the columns of a dense matrix, or the rows of a packed lower
-// triangle, of which line k has lanes 0 ... k.
-struct Target {
-  double* data;
-  std::ptrdiff_t ld;
-  bool triangle;
-};
-
-struct Extent {
-  std::ptrdiff_t lanes;
-  std::ptrdiff_t lines;
-  std::ptrdiff_t terms;
-};
-
-// What becomes of the target's old elements, and the sign of every product.
-struct Mode {
-  bool clear;   // start each sum at +0.0 instead of the element
-  bool negate;  // subtract the products
-};
 
 // Largest order of a matrix that is inverted as a single block, in stack tiles.
 constexpr std::ptrdiff_t kSingleBlock = 64;
@@ -74,23 +41,13 @@ struct SmallResult {
   Done done;
 };
 
-// The kernels of one instruction set. `a` supplies element (lane, term), `b` element (term, line) of every product.
+// The kernels of one instruction set.
 struct KernelTable {
   const char* name;
   std::ptrdiff_t width;  // doubles in a vector
+  ProductLoops products;
   // Order of a matrix from which on its inversion gains on the plain loops.
   std::ptrdiff_t least_inverted;
-  // target(lane, line) (+)= sum of a(lane, term) b(term, line), terms ascending.
-  void (*product)(const Target& target, const Operand& a, const Operand& b, Extent extent, Mode mode);
-  // The same with a = x y, a sum of `inner` terms rounded by itself: target (+)= (x y) b.
-  void (*product_of_product)(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
-                             const Operand& b, Extent extent, Mode mode);
-  // Packed target of order b (+)= r' (s r), r being a x b; the inner sum over the terms of s r is rounded by itself.
-  void (*transposed_congruence)(double* target, const double* r, const double* s, std::ptrdiff_t a, std::ptrdiff_t b,
-                                Mode mode);
-  // Packed target of order rows (+)= a b' + b a'; the two products of a term are added first.
-  void (*symmetrized_product)(double* target, const double* a, const double* b, std::ptrdiff_t rows,
-                              std::ptrdiff_t columns, Mode mode);
   // All phases of invert_normal_matrix, for 0 < n <= kSingleBlock.
   SmallResult (*invert_small)(double* packed, std::ptrdiff_t n);
   // Finds where the matrix has nonzeros, for the given chunk; false when it holds an infinity, a NaN or a -0.0.

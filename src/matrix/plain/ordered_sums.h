@@ -65,19 +65,33 @@ void add_dots(double* y, const double* columns, std::ptrdiff_t stride, std::ptrd
   }
 }
 
-// y[i] += row (first + i) of S times x for `count` rows, or -=; x has `terms` elements. One pass over the packed rows:
-// row p gives y its terms 0 ... p as a dot product and then, as column p, every earlier element its term p.
-template <bool kSubtract>
-void add_symmetric_rows(double* y, const double* s, std::ptrdiff_t first, std::ptrdiff_t count, const double* x,
+// A column that multiplies a packed matrix: its first elements in sequence, and any element.
+struct DenseColumn {
+  const double* data;
+  const double* head() const { return data; }
+  double at(std::ptrdiff_t p) const { return data[p]; }
+};
+struct PackedColumn {  // column k of a packed matrix; in sequence are the elements 0 ... k
+  const double* packed;
+  std::ptrdiff_t k;
+  const double* head() const { return packed + packed_size(k); }
+  double at(std::ptrdiff_t p) const { return packed[packed_index(p, k)]; }
+};
+
+// y[i] += row (first + i) of S times x for `count` rows, or -=; x has `terms` elements, as many in sequence as there
+// are rows. One pass over the packed rows: row p gives y its terms 0 ... p as a dot product and then, as column p,
+// every earlier element its term p.
+template <bool kSubtract, class Column>
+void add_symmetric_rows(double* y, const double* s, std::ptrdiff_t first, std::ptrdiff_t count, const Column& x,
                         std::ptrdiff_t terms) {
   const std::ptrdiff_t end = first + count;
   for (std::ptrdiff_t p = first; p < std::max(end, terms); ++p) {
     const double* row = s + packed_size(p);
     if (p < end) {
-      y[p - first] = add_dot<kSubtract>(y[p - first], row, x, std::min(p + 1, terms));
+      y[p - first] = add_dot<kSubtract>(y[p - first], row, x.head(), std::min(p + 1, terms));
     }
     if (p < terms) {
-      add_scaled<kSubtract>(y, row + first, x[p], std::min(p - first, count));
+      add_scaled<kSubtract>(y, row + first, x.at(p), std::min(p - first, count));
     }
   }
 }
@@ -87,10 +101,6 @@ inline void clear(double* p, std::ptrdiff_t n) {
     std::fill_n(p, n, 0.0);
   }
 }
-
-inline void clear_packed(double* p, int order) { clear(p, order > 0 ? packed_size(order) : 0); }
-
-inline void clear_dense(double* p, int rows, int cols) { clear(p, rows > 0 && cols > 0 ? dense_size(rows, cols) : 0); }
 
 }  // namespace alidade::plain
 

@@ -1,3 +1,5 @@
+#include "matrix/plain/plain_inversion.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
@@ -5,7 +7,6 @@
 #include "matrix/inversion_progress.h"
 #include "matrix/packed_index.h"
 #include "matrix/plain/ordered_sums.h"
-#include "matrix/plain/plain_kernels.h"
 #include "square_root.h"
 #include "strict_arithmetic.h"
 

@@ -1,128 +1,205 @@
+#include "matrix/plain/plain_products.h"
+
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 
+#include "matrix/kernels/operands.h"
 #include "matrix/packed_index.h"
 #include "matrix/plain/ordered_sums.h"
-#include "matrix/plain/plain_kernels.h"
 #include "strict_arithmetic.h"
 
 namespace alidade::plain {
 
 namespace {
 
-// c(i) += f a(i, l) for the elements of column l that the storage mode holds.
-void add_scaled_mode_column(double* c, const double* a, int mode, std::ptrdiff_t l, double f, std::ptrdiff_t n) {
-  if (mode < 1) {
-    add_scaled<false>(c, a + l * n, f, n);
-  } else if (mode > 1) {
-    if (l < n) {
-      c[l] = add_term<false>(c[l], a[l] * f);
+double* line_of(const Target& target, std::ptrdiff_t k) {
+  return target.data + (target.triangle ? packed_size(k) : dense_size(target.ld, k));
+}
+
+std::ptrdiff_t lanes_of(const Target& target, std::ptrdiff_t k, const Extent& extent) {
+  return target.triangle ? k + 1 : extent.lanes;
+}
+
+std::ptrdiff_t position(const Operand& m, std::ptrdiff_t row, std::ptrdiff_t column) {
+  switch (m.layout) {
+    case Operand::kDense:
+      return dense_index(row, column, m.ld);
+    case Operand::kTransposed:
+      return dense_index(column, row, m.ld);
+    case Operand::kPacked:
+      return packed_index(row, column);
+    default:
+      return row;
+  }
+}
+
+double element(const Operand& m, std::ptrdiff_t row, std::ptrdiff_t column) { return m.data[position(m, row, column)]; }
+
+// The terms of line k that operand b stores.
+struct Terms {
+  std::ptrdiff_t first;
+  std::ptrdiff_t end;
+};
+Terms terms_of(const Operand& b, std::ptrdiff_t k, std::ptrdiff_t terms) {
+  return b.layout == Operand::kDiagonal ? Terms{std::min(k, terms), std::min(k + 1, terms)} : Terms{0, terms};
+}
+
+// y(i) += f a(i, l), or -=, for the stored ones of rows first ... first + n - 1 of column l.
+template <bool kSubtract>
+void add_scaled_column(double* y, const Operand& a, std::ptrdiff_t first, std::ptrdiff_t l, double f,
+                       std::ptrdiff_t n) {
+  if (a.layout == Operand::kDense) {
+    add_scaled<kSubtract>(y, a.data + dense_index(first, l, a.ld), f, n);
+  } else if (a.layout == Operand::kDiagonal) {
+    if (first <= l && l < first + n) {
+      y[l - first] = add_term<kSubtract>(y[l - first], a.data[l] * f);
     }
   } else {
-    add_scaled<false>(c, a + packed_size(l), f, std::min(l, n));
-    for (std::ptrdiff_t i = l; i < n; ++i) {
-      c[i] = add_term<false>(c[i], a[packed_size(i) + l] * f);
+    const bool packed = a.layout == Operand::kPacked;
+    const std::ptrdiff_t left = packed ? std::min(std::max<std::ptrdiff_t>(l - first, 0), n) : 0;
+    if (packed) {  // row l holds the column up to the diagonal
+      add_scaled<kSubtract>(y, a.data + packed_size(l) + first, f, left);
+    }
+    for (std::ptrdiff_t i = left; i < n; ++i) {
+      y[i] = add_term<kSubtract>(y[i], element(a, first + i, l) * f);
     }
   }
 }
 
-// Rows j of A Q for a block of j, one column l at a time, then spread over the rows i >= j of the packed target, whose
-// elements of one row are neighbours.
+// Line k: n of its lanes, from lane `first` on, at y.
 template <bool kSubtract>
-void add_congruence(const double* a, const double* q, double* c, std::ptrdiff_t n, std::ptrdiff_t m) {
-  double t[kBlock];
-  for (std::ptrdiff_t first = 0; first < n; first += kBlock) {
-    const std::ptrdiff_t count = std::min(kBlock, n - first);
-    for (std::ptrdiff_t l = 0; l < m; ++l) {
-      clear(t, count);
-      for (std::ptrdiff_t p = 0; p < m; ++p) {
-        add_scaled<false>(t, a + p * n + first, q[packed_index(p, l)], count);
-      }
-      for (std::ptrdiff_t i = first; i < n; ++i) {
-        add_scaled<kSubtract>(c + packed_size(i) + first, t, a[l * n + i], std::min(count, i - first + 1));
+void add_line(double* y, const Operand& a, std::ptrdiff_t first, const Operand& b, std::ptrdiff_t k, std::ptrdiff_t n,
+              std::ptrdiff_t terms) {
+  if (a.layout == Operand::kTransposed && b.layout == Operand::kDense) {
+    add_dots<kSubtract>(y, a.data + first * a.ld, a.ld, n, b.data + k * b.ld, terms);
+  } else if (a.layout == Operand::kPacked && b.layout == Operand::kDense) {
+    add_symmetric_rows<kSubtract>(y, a.data, first, n, DenseColumn{b.data + k * b.ld}, terms);
+  } else if (a.layout == Operand::kPacked && b.layout == Operand::kPacked && first + n <= k + 1) {
+    add_symmetric_rows<kSubtract>(y, a.data, first, n, PackedColumn{b.data, k}, terms);
+  } else {
+    const Terms stored = terms_of(b, k, terms);
+    for (std::ptrdiff_t l = stored.first; l < stored.end; ++l) {
+      add_scaled_column<kSubtract>(y, a, first, l, element(b, l, k), n);
+    }
+  }
+}
+
+template <bool kSubtract>
+void add_product(const Target& target, const Operand& a, const Operand& b, const Extent& extent) {
+  for (std::ptrdiff_t k = 0; k < extent.lines; ++k) {
+    add_line<kSubtract>(line_of(target, k), a, 0, b, k, lanes_of(target, k, extent), extent.terms);
+  }
+}
+
+// The elements (x y)(i, j) of a block of lanes i are formed for one term j and spread over the lines.
+template <bool kSubtract>
+void add_product_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
+                         const Operand& b, const Extent& extent) {
+  double left[kBlock];
+  for (std::ptrdiff_t first = 0; first < extent.lanes; first += kBlock) {
+    const std::ptrdiff_t count = std::min(kBlock, extent.lanes - first);
+    for (std::ptrdiff_t j = 0; j < extent.terms; ++j) {
+      clear(left, count);
+      add_line<false>(left, x, first, y, j, count, inner);
+      for (std::ptrdiff_t k = target.triangle ? first : 0; k < extent.lines; ++k) {
+        const std::ptrdiff_t n = std::min(count, lanes_of(target, k, extent) - first);
+        add_scaled<kSubtract>(line_of(target, k) + first, left, element(b, j, k), n);
       }
     }
   }
+}
+
+// The same for x = the transpose of a dense matrix and y packed: a lane's row of x y is formed as a column of y x', in
+// one pass over the packed rows.
+template <bool kSubtract>
+void add_product_with_row_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
+                                  const Operand& b, const Extent& extent) {
+  double left[kBlock];
+  for (std::ptrdiff_t i = 0; i < extent.lanes; ++i) {
+    for (std::ptrdiff_t first = 0; first < extent.terms; first += kBlock) {
+      const std::ptrdiff_t count = std::min(kBlock, extent.terms - first);
+      clear(left, count);
+      add_symmetric_rows<false>(left, y.data, first, count, DenseColumn{x.data + i * x.ld}, inner);
+      for (std::ptrdiff_t k = target.triangle ? i : 0; k < extent.lines; ++k) {
+        double& sum = line_of(target, k)[i];
+        for (std::ptrdiff_t j = 0; j < count; ++j) {
+          sum = add_term<kSubtract>(sum, left[j] * element(b, first + j, k));
+        }
+      }
+    }
+  }
+}
+
+// The elements (y z)(j, k) of a block of terms j are formed for one line k.
+template <bool kSubtract>
+void add_product_on_right(const Target& target, const Operand& a, const Operand& y, std::ptrdiff_t inner,
+                          const Operand& z, const Extent& extent) {
+  double right[kBlock];
+  for (std::ptrdiff_t first = 0; first < extent.terms; first += kBlock) {
+    const std::ptrdiff_t count = std::min(kBlock, extent.terms - first);
+    Operand block = a;
+    block.data += a.layout == Operand::kTransposed ? first : first * a.ld;
+    for (std::ptrdiff_t k = 0; k < extent.lines; ++k) {
+      clear(right, count);
+      add_line<false>(right, y, first, z, k, count, inner);
+      add_line<kSubtract>(line_of(target, k), block, 0, dense(right, 0), 0, lanes_of(target, k, extent), count);
+    }
+  }
+}
+
+// The two products of one term are summed before they meet the target.
+template <bool kSubtract>
+void add_symmetrized_product(const Target& target, const Operand& a, const Operand& b, const Extent& extent) {
+  for (std::ptrdiff_t k = 0; k < extent.lines; ++k) {
+    double* line = line_of(target, k);
+    const std::ptrdiff_t n = lanes_of(target, k, extent);
+    for (std::ptrdiff_t l = 0; l < extent.terms; ++l) {
+      const double* al = a.data + l * a.ld;
+      const double* bl = b.data + l * b.ld;
+      const double ak = al[k];
+      const double bk = bl[k];
+      for (std::ptrdiff_t i = 0; i < n; ++i) {
+        line[i] = add_term<kSubtract>(line[i], ak * bl[i] + al[i] * bk);
+      }
+    }
+  }
+}
+
+void start(const Target& target, const Extent& extent, Mode mode) {
+  for (std::ptrdiff_t k = 0; mode.clear && k < extent.lines; ++k) {
+    clear(line_of(target, k), lanes_of(target, k, extent));
+  }
+}
+
+void product(const Target& target, const Operand& a, const Operand& b, const Extent& extent, Mode mode) {
+  start(target, extent, mode);
+  (mode.negate ? add_product<true> : add_product<false>)(target, a, b, extent);
+}
+
+void product_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner, const Operand& b,
+                     const Extent& extent, Mode mode) {
+  start(target, extent, mode);
+  if (x.layout == Operand::kTransposed && y.layout == Operand::kPacked) {
+    (mode.negate ? add_product_with_row_on_left<true> : add_product_with_row_on_left<false>)(target, x, y, inner, b,
+                                                                                             extent);
+  } else {
+    (mode.negate ? add_product_on_left<true> : add_product_on_left<false>)(target, x, y, inner, b, extent);
+  }
+}
+
+void product_on_right(const Target& target, const Operand& a, const Operand& y, std::ptrdiff_t inner, const Operand& z,
+                      const Extent& extent, Mode mode) {
+  start(target, extent, mode);
+  (mode.negate ? add_product_on_right<true> : add_product_on_right<false>)(target, a, y, inner, z, extent);
+}
+
+void symmetrized_product(const Target& target, const Operand& a, const Operand& b, const Extent& extent, Mode mode) {
+  start(target, extent, mode);
+  (mode.negate ? add_symmetrized_product<true> : add_symmetrized_product<false>)(target, a, b, extent);
 }
 
 }  // namespace
 
-void matrix_product(const double* a, const double* b, double* c, int n, int m, int k) {
-  const std::ptrdiff_t rows = n;
-  const std::ptrdiff_t terms = m;
-  clear_dense(c, n, k);
-  for (std::ptrdiff_t j = 0; j < k; ++j) {
-    for (std::ptrdiff_t l = 0; l < terms; ++l) {
-      add_scaled<false>(c + j * rows, a + l * rows, b[j * terms + l], rows);
-    }
-  }
-}
-
-void transposed_product(const double* a, const double* b, double* c, int n, int m, int k) {
-  const std::ptrdiff_t terms = n;
-  const std::ptrdiff_t rows = m;
-  clear_dense(c, m, k);
-  for (std::ptrdiff_t j = 0; j < k; ++j) {
-    add_dots<false>(c + j * rows, a, terms, rows, b + j * terms, terms);
-  }
-}
-
-void mixed_product(const double* a, const double* b, double* c, int n, int m, int modeA, int modeB, int k) {
-  // The sum of the two digits decides, whatever the modes: (3, 3) is no product of diagonals here, (1, 12) is one.
-  const std::int64_t code = std::int64_t{modeA} * 10 + modeB;
-  if (code == 22) {
-    for (std::ptrdiff_t i = 0; i < n; ++i) {
-      c[i] = a[i] * b[i];
-    }
-    return;
-  }
-  if (code == 0) {
-    matrix_product(a, b, c, n, m, k);
-    return;
-  }
-  const std::ptrdiff_t rows = n;
-  const std::ptrdiff_t terms = m;
-  clear_dense(c, n, k);
-  for (std::ptrdiff_t j = 0; j < k; ++j) {
-    double* column = c + j * rows;
-    if (modeA == 1 && modeB < 1) {
-      add_symmetric_rows<false>(column, a, 0, rows, b + j * terms, terms);
-      continue;
-    }
-    for (std::ptrdiff_t l = 0; l < terms; ++l) {
-      const std::int64_t location = mode_location(l + 1, j + 1, m, modeB);
-      if (location != 0) {
-        add_scaled_mode_column(column, a, modeA, l, b[location - 1], rows);
-      }
-    }
-  }
-}
-
-void congruence_product(const double* a, const double* q, double* c, int n, int m, char op) {
-  if (op != '+' && op != '-') {
-    clear_packed(c, n);
-  }
-  if (op == '-' || op == '|') {
-    add_congruence<true>(a, q, c, n, m);
-  } else {
-    add_congruence<false>(a, q, c, n, m);
-  }
-}
-
-void transposed_congruence_vector(double* r, char op, const double* a, const double* q, const double* l, int n, int m) {
-  if (op != '+') {
-    clear(r, m);
-  }
-  double t[kBlock];
-  for (std::ptrdiff_t i = 0; i < m; ++i) {
-    for (std::ptrdiff_t first = 0; first < n; first += kBlock) {
-      const std::ptrdiff_t count = std::min(kBlock, n - first);
-      clear(t, count);
-      add_symmetric_rows<false>(t, q, first, count, a + i * n, n);
-      r[i] = add_dot<false>(r[i], l + first, t, count);
-    }
-  }
-}
+const ProductLoops product_loops = {product, product_on_left, product_on_right, symmetrized_product};
 
 }  // namespace alidade::plain

@@ -1,7 +1,7 @@
 #ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_CHAIN_INL
 #define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_CHAIN_INL
 
-// Lines that depend on each other: the inside of every block of an inversion.h, inside namespace ALIDADE_ISA.
+// Lines that depend on each other: the inside of every block of an inversion.
 
 #include <cstddef>
 

@@ -1,7 +1,7 @@
 #ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_LANES_INL
 #define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_LANES_INL
 
-// The bits of a vector's lanes, and what is asked about them.h, inside namespace ALIDADE_ISA.
+// The bits of a vector's lanes, and what is asked about them.
 
 #include <cstddef>
 

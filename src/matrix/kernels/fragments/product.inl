@@ -1,11 +1,11 @@
 #ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_PRODUCT_INL
 #define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_PRODUCT_INL
 
-// Products of whole operands: blocks of lanes and terms, each swept by tiles.h, inside namespace ALIDADE_ISA.
+// Products of whole operands: blocks of lanes and terms, each swept by tiles.
 
 #include <cstddef>
 
-#include "matrix/kernels/fragments/pack.inl"
+#include "matrix/kernels/fragments/panels.inl"
 #include "matrix/kernels/kernel_table.h"
 
 namespace alidade::kernels::ALIDADE_ISA {
@@ -31,7 +31,7 @@ static void run_symmetric_lines(Tile& tile, const Operand& b, std::ptrdiff_t ter
   const std::ptrdiff_t column = b.column0 + line;
   const std::ptrdiff_t above = smaller(terms, larger(0, column - row));
   const std::ptrdiff_t below = smaller(terms, larger(above, column + lines - row));
-  if (above > 0 || terms == 0) {
+  if (above > 0) {
     tile.b = packed_rows(b.data, column, row);
     tile.terms = above;
     run_lines<kColumns>(tile, lines, padded);
@@ -88,18 +88,14 @@ static void sweep(const Target& target, const Walk& a, bool padded, const Operan
   }
 }
 
-// Calls with_block(block, clear) for every block of lanes and terms, terms ascending within the lanes; at least once
-// for each lane, so that a sum of no terms is cleared.
+// Calls with_block(block, clear) for every block of lanes and terms, terms ascending within the lanes.
 template <typename Function>
-ALIDADE_INLINE void for_each_block(Extent extent, std::ptrdiff_t most_lanes, std::ptrdiff_t most_terms, bool clear,
-                                   Function with_block) {
-  for (std::ptrdiff_t lane = 0; lane < extent.lanes; lane += most_lanes) {
-    std::ptrdiff_t term = 0;
-    do {
-      const std::ptrdiff_t terms = larger(0, smaller(most_terms, extent.terms - term));
-      with_block(Block{lane, smaller(most_lanes, extent.lanes - lane), term, terms}, clear && term == 0);
-      term += most_terms;
-    } while (term < extent.terms);
+ALIDADE_INLINE void for_each_block(const Extent& extent, std::ptrdiff_t most_terms, bool clear, Function with_block) {
+  for (std::ptrdiff_t lane = 0; lane < extent.lanes; lane += kBlockLanes) {
+    for (std::ptrdiff_t term = 0; term < extent.terms; term += most_terms) {
+      const std::ptrdiff_t terms = smaller(most_terms, extent.terms - term);
+      with_block(Block{lane, smaller(kBlockLanes, extent.lanes - lane), term, terms}, clear && term == 0);
+    }
   }
 }
 
@@ -111,40 +107,53 @@ ALIDADE_INLINE std::ptrdiff_t first_line(const Target& target, const Block& bloc
 constexpr std::ptrdiff_t kDirectElements = 64 * 64;
 constexpr std::ptrdiff_t kDirectLines = 24;
 
+ALIDADE_INLINE bool used_where_it_lies(const Operand& a, const Extent& extent, Mode mode) {
+  return a.layout == Operand::kDense && !mode.negate &&
+         (extent.terms * a.ld < kDirectElements || extent.lines < kDirectLines);
+}
+
 // As many lines at a time as leave the part of b that they need, kBlockTerms of each, in the second cache level while
 // the blocks of lanes pass by.
 constexpr std::ptrdiff_t kBlockLines = 384;
 
-static void packed_product(const Target& target, const Operand& a, const Operand& b, Extent extent, Mode mode) {
-  StackTile tile;
+static void packed_product(const Panel& panel, const Target& target, const Operand& a, const Operand& b,
+                           const Extent& extent, Mode mode) {
   for (std::ptrdiff_t line = 0; line < extent.lines;) {
     const std::ptrdiff_t lines = next_piece(extent.lines - line, kBlockLines);
-    std::ptrdiff_t term = 0;
-    do {
-      const std::ptrdiff_t terms = larger(0, smaller(kBlockTerms, extent.terms - term));
-      const std::ptrdiff_t reach = target.triangle ? smaller(extent.lanes, line + lines) : extent.lanes;
+    const std::ptrdiff_t reach = target.triangle ? smaller(extent.lanes, line + lines) : extent.lanes;
+    for (std::ptrdiff_t term = 0; term < extent.terms; term += panel.terms) {
+      const std::ptrdiff_t terms = smaller(panel.terms, extent.terms - term);
       for (std::ptrdiff_t lane = 0; lane < reach; lane += kBlockLanes) {
         const Block block = {lane, smaller(kBlockLanes, extent.lanes - lane), term, terms};
-        pack(tile.values, a, block.lane0, block.term0, block.lanes, block.terms, mode.negate);
-        sweep(target, {tile.values, kBlockLanes, 0}, true, b, block, larger(line, first_line(target, block)),
+        pack(panel, a, block.lane0, block.term0, block.lanes, block.terms, mode.negate);
+        sweep(target, {panel.values, panel.ld, 0}, true, b, block, larger(line, first_line(target, block)),
               line + lines, mode.clear && term == 0);
       }
-      term += kBlockTerms;
-    } while (term < extent.terms);
+    }
     line += lines;
   }
 }
 
-static void product(const Target& target, const Operand& a, const Operand& b, Extent extent, Mode mode) {
-  if (a.layout == Operand::kDense && !mode.negate &&
-      (extent.terms * a.ld < kDirectElements || extent.lines < kDirectLines)) {
-    for_each_block(extent, kBlockLanes, larger(extent.terms, 1), mode.clear, [&](const Block& block, bool clear) {
-      const Walk walk = {a.data + (a.row0 + block.lane0) + (a.column0 + block.term0) * a.ld, a.ld, 0};
-      sweep(target, walk, false, b, block, first_line(target, block), extent.lines, clear);
-    });
+// With a panel at hand for a.
+static void product_by_panel(const Panel& panel, const Target& target, const Operand& a, const Operand& b,
+                             const Extent& extent, Mode mode) {
+  if (!used_where_it_lies(a, extent, mode)) {
+    packed_product(panel, target, a, b, extent, mode);
     return;
   }
-  packed_product(target, a, b, extent, mode);
+  for_each_block(extent, extent.terms, mode.clear, [&](const Block& block, bool clear) {
+    const Walk walk = {a.data + (a.row0 + block.lane0) + (a.column0 + block.term0) * a.ld, a.ld, 0};
+    sweep(target, walk, false, b, block, first_line(target, block), extent.lines, clear);
+  });
+}
+
+static void product(const Target& target, const Operand& a, const Operand& b, const Extent& extent, Mode mode) {
+  if (used_where_it_lies(a, extent, mode)) {
+    product_by_panel({}, target, a, b, extent, mode);
+  } else {
+    const Panels<1> panels(extent.lanes, extent.terms);
+    packed_product(panels[0], target, a, b, extent, mode);
+  }
 }
 
 ALIDADE_INLINE Operand shifted(Operand operand, std::ptrdiff_t rows, std::ptrdiff_t columns) {
@@ -153,69 +162,71 @@ ALIDADE_INLINE Operand shifted(Operand operand, std::ptrdiff_t rows, std::ptrdif
   return operand;
 }
 
-// The stack tile is filled by a product instead of a copy: each of its elements is formed once.
-static void product_of_product(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
-                               const Operand& b, Extent extent, Mode mode) {
-  StackTile tile;
-  for_each_block(extent, kBlockLanes, kBlockTerms, mode.clear, [&](const Block& block, bool clear) {
-    product({tile.values, kBlockLanes, false}, shifted(x, block.lane0, 0), shifted(y, 0, block.term0),
-            {block.lanes, block.terms, inner}, {true, false});
+// A panel is filled by the inner product instead of a copy: each of its elements is formed once.
+static void product_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
+                            const Operand& b, const Extent& extent, Mode mode) {
+  const Panels<2> panels(extent.lanes, larger(extent.terms, inner));
+  const Panel& left = panels[0];
+  for_each_block(extent, left.terms, mode.clear, [&](const Block& block, bool clear) {
+    product_by_panel(panels[1], {left.values, left.ld, false}, shifted(x, block.lane0, 0), shifted(y, 0, block.term0),
+                     {block.lanes, block.terms, inner}, {true, false});
     for (std::ptrdiff_t t = 0; t < block.terms; ++t) {
-      double* lanes = tile.values + t * kBlockLanes;
+      double* lanes = left.values + t * left.ld;
       pad_lanes(lanes, block.lanes);
       for (std::ptrdiff_t i = 0; mode.negate && i < block.lanes; i += kWidth) {
         store(lanes + i, -load(lanes + i));
       }
     }
-    sweep(target, {tile.values, kBlockLanes, 0}, true, b, block, first_line(target, block), extent.lines, clear);
+    sweep(target, {left.values, left.ld, 0}, true, b, block, first_line(target, block), extent.lines, clear);
   });
 }
 
-// s r is needed by lines here: blocks of its transpose, r' s, serve as b.
-static void transposed_congruence(double* target, const double* r, const double* s, std::ptrdiff_t a, std::ptrdiff_t b,
-                                  Mode mode) {
-  StackTile factor;
-  const Operand transposed = {Operand::kTransposed, r, a};
-  const Operand symmetric = {Operand::kPacked, s, 0};
-  const Target packed = {target, 0, true};
-  for_each_block({b, 0, a}, kBlockLanes, kBlockTerms, mode.clear, [&](const Block& lines, bool clear) {
-    product({factor.values, kBlockLanes, false}, shifted(transposed, lines.lane0, 0),
-            shifted(symmetric, 0, lines.term0), {lines.lanes, lines.terms, a}, {true, false});
+ALIDADE_INLINE Operand transpose_of(const Operand& operand) {
+  const Operand::Layout layout = operand.layout == Operand::kDense        ? Operand::kTransposed
+                                 : operand.layout == Operand::kTransposed ? Operand::kDense
+                                                                          : operand.layout;
+  return {layout, operand.data, operand.ld, operand.column0, operand.row0};
+}
+
+// y z is needed by lines here: blocks of its transpose, z' y', serve as b.
+static void product_on_right(const Target& target, const Operand& a, const Operand& y, std::ptrdiff_t inner,
+                             const Operand& z, const Extent& extent, Mode mode) {
+  const Panels<2> panels(larger(extent.lanes, extent.lines), larger(extent.terms, inner));
+  const Panel& right = panels[0];
+  const Panel& panel = panels[1];
+  for_each_block({extent.lines, 0, extent.terms}, right.terms, mode.clear, [&](const Block& lines, bool clear) {
+    product_by_panel(panel, {right.values, right.ld, false}, shifted(transpose_of(z), lines.lane0, 0),
+                     shifted(transpose_of(y), 0, lines.term0), {lines.lanes, lines.terms, inner}, {true, false});
     const std::ptrdiff_t end = lines.lane0 + lines.lanes;
-    Operand rows = {Operand::kTransposed, factor.values, kBlockLanes};
-    rows.row0 = -lines.term0;
-    rows.column0 = -lines.lane0;
-    StackTile tile;
-    for (std::ptrdiff_t lane = 0; lane < end; lane += kBlockLanes) {
-      const Block block = {lane, smaller(kBlockLanes, end - lane), lines.term0, lines.terms};
-      pack(tile.values, transposed, lane, block.term0, block.lanes, block.terms, mode.negate);
-      sweep(packed, {tile.values, kBlockLanes, 0}, true, rows, block, larger(lane, lines.lane0), end, clear);
+    const Operand rows = {Operand::kTransposed, right.values, right.ld, -lines.term0, -lines.lane0};
+    const std::ptrdiff_t reach = target.triangle ? end : extent.lanes;
+    for (std::ptrdiff_t lane = 0; lane < reach; lane += kBlockLanes) {
+      const Block block = {lane, smaller(kBlockLanes, reach - lane), lines.term0, lines.terms};
+      pack(panel, a, lane, block.term0, block.lanes, block.terms, mode.negate);
+      sweep(target, {panel.values, panel.ld, 0}, true, rows, block, larger(lines.lane0, first_line(target, block)), end,
+            clear);
     }
   });
 }
 
-static void symmetrized_product(double* target, const double* a, const double* b, std::ptrdiff_t rows,
-                                std::ptrdiff_t columns, Mode mode) {
-  StackTile a_tile;
-  StackTile b_tile;
-  const Target packed = {target, 0, true};
-  for_each_block({rows, 0, columns}, kBlockLanes, kBlockTerms, mode.clear, [&](const Block& block, bool clear) {
-    const std::ptrdiff_t corner = block.lane0 + block.term0 * rows;
-    copy_lanes(a_tile.values, {a + corner, rows, 0}, block.lanes, block.terms, false);
-    copy_lanes(b_tile.values, {b + corner, rows, 0}, block.lanes, block.terms, false);
-    for (std::ptrdiff_t line = block.lane0; line < rows;) {
-      const std::ptrdiff_t lines = next_piece(rows - line, kTileLines);
-      const std::ptrdiff_t column = line + block.term0 * rows;
-      const Tile tile = {{b_tile.values, kBlockLanes, 0},
-                         {a + column, rows, 0},
+static void symmetrized_product(const Target& target, const Operand& a, const Operand& b, const Extent& extent,
+                                Mode mode) {
+  const Panels<2> panels(extent.lanes, extent.terms);
+  for_each_block(extent, panels[0].terms, mode.clear, [&](const Block& block, bool clear) {
+    pack(panels[0], a, block.lane0, block.term0, block.lanes, block.terms, false);
+    pack(panels[1], b, block.lane0, block.term0, block.lanes, block.terms, false);
+    for (std::ptrdiff_t line = first_line(target, block); line < extent.lines;) {
+      const std::ptrdiff_t lines = next_piece(extent.lines - line, kMostLines<kTwoRows>);
+      const Tile tile = {{panels[1].values, panels[1].ld, 0},
+                         {a.data + line + block.term0 * a.ld, a.ld, 0},
                          block.terms,
-                         target_lines(packed, line, block.lane0),
-                         line + 1 - block.lane0,
-                         1,
+                         target_lines(target, line, block.lane0),
+                         target.triangle ? line + 1 - block.lane0 : block.lanes,
+                         target.triangle,
                          block.lanes,
                          clear,
-                         {a_tile.values, kBlockLanes, 0},
-                         {b + column, rows, 0}};
+                         {panels[0].values, panels[0].ld, 0},
+                         {b.data + line + block.term0 * b.ld, b.ld, 0}};
       mode.negate ? run_lines<kTwoRowsSubtracted>(tile, lines, true) : run_lines<kTwoRows>(tile, lines, true);
       line += lines;
     }

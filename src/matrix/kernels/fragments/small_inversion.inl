@@ -2,9 +2,9 @@
 #define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SMALL_INVERSION_INL
 
 // The inversion of a matrix that is a single block, all three phases in stack tiles: nothing is written to it before it
-// is known to stand.h, inside namespace ALIDADE_ISA.
+// is known to stand.
 //
-// As in inversion.h zeros are not skipped, and the matrix is left to the plain loops where that could show.
+// As in inversion.inl zeros are not skipped, and the matrix is left to the plain loops where that could show.
 
 #include <cstddef>
 

@@ -1,7 +1,7 @@
 #ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SQUARE_INL
 #define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SQUARE_INL
 
-// A diagonal block of a packed matrix in a stack tile: loading, storing, factorising.h, inside namespace ALIDADE_ISA.
+// A diagonal block of a packed matrix in a stack tile: loading, storing, factorising.
 
 #include <cstddef>
 #include <utility>

@@ -21,11 +21,8 @@ namespace alidade::kernels::ALIDADE_ISA {
 
 const KernelTable table = {ALIDADE_NAME_OF(ALIDADE_ISA),
                            kWidth,
+                           {product, product_on_left, product_on_right, symmetrized_product},
                            kLeastInverted,
-                           product,
-                           product_of_product,
-                           transposed_congruence,
-                           symmetrized_product,
                            invert_small,
                            survey,
                            factor_columns,

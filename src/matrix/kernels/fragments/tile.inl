@@ -87,70 +87,6 @@ ALIDADE_INLINE void store_lanes(double* p, Vector v, std::ptrdiff_t count) {
   }
 }
 
-// No line of the tile ends inside it. Most tiles are of this kind, and small matrices feel the difference.
-template <int V>
-ALIDADE_INLINE bool is_whole(const Tile& tile) {
-  return tile.lanes >= V * kWidth && tile.max_lanes >= V * kWidth;
-}
-
-template <int R, int V>
-ALIDADE_INLINE void start_sums(const Tile& tile, Sums<R, V>& sums) {
-  if (tile.clear) {
-    ALIDADE_UNROLL
-    for (int r = 0; r < R; ++r) {
-      ALIDADE_UNROLL
-      for (int v = 0; v < V; ++v) {
-        sums[r][v] = zero();
-      }
-    }
-    return;
-  }
-  if (is_whole<V>(tile)) {
-    ALIDADE_UNROLL
-    for (int r = 0; r < R; ++r) {
-      const double* line = at(tile.target, r);
-      ALIDADE_UNROLL
-      for (int v = 0; v < V; ++v) {
-        sums[r][v] = load(line + v * kWidth);
-      }
-    }
-    return;
-  }
-  ALIDADE_UNROLL
-  for (int r = 0; r < R; ++r) {
-    const double* line = at(tile.target, r);
-    const std::ptrdiff_t lanes = smaller(tile.lanes + r * tile.more, tile.max_lanes);
-    ALIDADE_UNROLL
-    for (int v = 0; v < V; ++v) {
-      sums[r][v] = load_lanes(line + v * kWidth, lanes - v * kWidth);
-    }
-  }
-}
-
-template <int R, int V>
-ALIDADE_INLINE void store_sums(const Tile& tile, const Sums<R, V>& sums) {
-  if (is_whole<V>(tile)) {
-    ALIDADE_UNROLL
-    for (int r = 0; r < R; ++r) {
-      double* line = at(tile.target, r);
-      ALIDADE_UNROLL
-      for (int v = 0; v < V; ++v) {
-        store(line + v * kWidth, sums[r][v]);
-      }
-    }
-    return;
-  }
-  ALIDADE_UNROLL
-  for (int r = 0; r < R; ++r) {
-    double* line = at(tile.target, r);
-    const std::ptrdiff_t lanes = smaller(tile.lanes + r * tile.more, tile.max_lanes);
-    ALIDADE_UNROLL
-    for (int v = 0; v < V; ++v) {
-      store_lanes(line + v * kWidth, sums[r][v], lanes - v * kWidth);
-    }
-  }
-}
-
 // Runs over the terms. With kEdge the last vector of a has fewer than kWidth readable lanes.
 template <int R, int V, Supply kSupply, bool kEdge>
 ALIDADE_INLINE void add_terms(const Tile& tile, Sums<R, V>& sums) {
@@ -203,24 +139,46 @@ ALIDADE_INLINE void add_terms(const Tile& tile, Sums<R, V>& sums) {
 template <int R, int V, Supply kSupply, bool kEdge>
 void run_tile(const Tile& tile) {
   Sums<R, V> sums;
-  start_sums<R, V>(tile, sums);
+  ALIDADE_UNROLL
+  for (int r = 0; r < R; ++r) {
+    const double* line = at(tile.target, r);
+    ALIDADE_UNROLL
+    for (int v = 0; v < V; ++v) {
+      sums[r][v] = tile.clear ? zero() : load(line + v * kWidth);
+    }
+  }
   add_terms<R, V, kSupply, kEdge>(tile, sums);
-  store_sums<R, V>(tile, sums);
+  ALIDADE_UNROLL
+  for (int r = 0; r < R; ++r) {
+    double* line = at(tile.target, r);
+    ALIDADE_UNROLL
+    for (int v = 0; v < V; ++v) {
+      store(line + v * kWidth, sums[r][v]);
+    }
+  }
 }
+
+// Largest tile of a supply. A sum of two products keeps the processor busy with fewer sums at a time.
+template <Supply kSupply>
+constexpr bool kIsTwo = kSupply == kTwoRows || kSupply == kTwoRowsSubtracted;
+template <Supply kSupply>
+constexpr int kMostLines = kIsTwo<kSupply> ? 2 : kTileLines;
+template <Supply kSupply>
+constexpr int kMostVectors = kIsTwo<kSupply>&& kTileVectors == 4 ? 2 : kTileVectors;
 
 // Every height and width a remainder can have, as a table of functions.
 using TileFunction = void (*)(const Tile&);
 
 template <Supply kSupply, bool kEdge>
 struct TileTable {
-  TileFunction run[kTileLines + 1][kTileVectors + 1] = {};
+  TileFunction run[kMostLines<kSupply> + 1][kMostVectors<kSupply> + 1] = {};
 
-  constexpr TileTable() { add_lines(std::make_integer_sequence<int, kTileLines>()); }
+  constexpr TileTable() { add_lines(std::make_integer_sequence<int, kMostLines<kSupply>>()); }
 
 private:
   template <int... kLess>
   constexpr void add_lines(std::integer_sequence<int, kLess...>) {
-    (add_vectors<kLess + 1>(std::make_integer_sequence<int, kTileVectors>()), ...);
+    (add_vectors<kLess + 1>(std::make_integer_sequence<int, kMostVectors<kSupply>>()), ...);
   }
   template <int R, int... kLess>
   constexpr void add_vectors(std::integer_sequence<int, kLess...>) {
@@ -228,32 +186,78 @@ private:
   }
 };
 
-constexpr TileTable<kColumns, false> kColumnTiles;
-constexpr TileTable<kColumns, true> kColumnEdgeTiles;
-constexpr TileTable<kRows, false> kRowTiles;
-constexpr TileTable<kRows, true> kRowEdgeTiles;
-constexpr TileTable<kTwoRows, false> kTwoRowTiles;
-constexpr TileTable<kTwoRowsSubtracted, false> kTwoRowSubtractedTiles;
+template <Supply kSupply>
+constexpr TileTable<kSupply, false> kTiles;
+template <Supply kSupply>
+constexpr TileTable<kSupply, true> kEdgeTiles;
 
 // Size of the next of the pieces that `rest` is cut into: `full`, the last two pieces alike.
 ALIDADE_INLINE std::ptrdiff_t next_piece(std::ptrdiff_t rest, std::ptrdiff_t full) {
   return rest >= 2 * full ? full : rest > full ? (rest + 1) / 2 : rest;
 }
 
-// One group of at most kTileLines lines over all its lanes; `whole` describes it as if it were one tile. `padded`: a
+// The lines of a tile that ends inside a vector or crosses the diagonal, as whole vectors.
+struct WholeLines {
+  static constexpr std::ptrdiff_t kStride = kTileVectors * kWidth;
+  alignas(64) double values[kTileLines * kStride];
+};
+
+ALIDADE_INLINE std::ptrdiff_t lanes_of(const Tile& tile, std::ptrdiff_t r) {
+  return smaller(tile.lanes + r * tile.more, tile.max_lanes);
+}
+
+static void load_whole_lines(WholeLines& whole, const Tile& tile, std::ptrdiff_t lines, std::ptrdiff_t lanes) {
+  for (std::ptrdiff_t r = 0; r < lines; ++r) {
+    const double* line = at(tile.target, r);
+    for (std::ptrdiff_t lane = 0; lane < lanes; lane += kWidth) {
+      store(whole.values + r * WholeLines::kStride + lane, load_lanes(line + lane, lanes_of(tile, r) - lane));
+    }
+  }
+}
+
+static void store_whole_lines(const WholeLines& whole, const Tile& tile, std::ptrdiff_t lines, std::ptrdiff_t lanes) {
+  for (std::ptrdiff_t r = 0; r < lines; ++r) {
+    double* line = at(tile.target, r);
+    const std::ptrdiff_t count = smaller(lanes, lanes_of(tile, r));
+    for (std::ptrdiff_t lane = 0; lane < count; lane += kWidth) {
+      store_lanes(line + lane, load(whole.values + r * WholeLines::kStride + lane), count - lane);
+    }
+  }
+}
+
+// `vectors` by `lines` sums from the beginning of the tile.
+template <Supply kSupply>
+ALIDADE_INLINE void run_piece(const Tile& tile, std::ptrdiff_t lines, std::ptrdiff_t vectors, bool padded) {
+  const std::ptrdiff_t lanes = vectors * kWidth;
+  TileFunction run = kTiles<kSupply>.run[lines][vectors];
+  if constexpr (!kIsTwo<kSupply>) {
+    if (!padded && tile.max_lanes < lanes) {
+      run = kEdgeTiles<kSupply>.run[lines][vectors];
+    }
+  }
+  if (tile.lanes >= lanes && tile.max_lanes >= lanes) {
+    run(tile);
+    return;
+  }
+  WholeLines whole;
+  if (!tile.clear) {
+    load_whole_lines(whole, tile, lines, lanes);
+  }
+  Tile aside = tile;
+  aside.target = {whole.values, WholeLines::kStride, 0};
+  run(aside);
+  store_whole_lines(whole, tile, lines, lanes);
+}
+
+// One group of at most kMostLines lines over all its lanes; `whole` describes it as if it were one tile. `padded`: a
 // may be read up to whole vectors.
 template <Supply kSupply>
-ALIDADE_INLINE void run_lines(const Tile& whole, std::ptrdiff_t lines, bool padded) {
+static void run_lines(const Tile& whole, std::ptrdiff_t lines, bool padded) {
   const std::ptrdiff_t reach = smaller(whole.max_lanes, whole.lanes + (lines - 1) * whole.more);
   Tile tile = whole;
   for (std::ptrdiff_t lane = 0; lane < reach;) {
-    const std::ptrdiff_t vectors = next_piece((reach - lane + kWidth - 1) / kWidth, kTileVectors);
-    const bool edge = !padded && tile.max_lanes < vectors * kWidth;
-    const auto& run = kSupply == kTwoRows             ? kTwoRowTiles.run
-                      : kSupply == kTwoRowsSubtracted ? kTwoRowSubtractedTiles.run
-                      : kSupply == kRows              ? (edge ? kRowEdgeTiles.run : kRowTiles.run)
-                                                      : (edge ? kColumnEdgeTiles.run : kColumnTiles.run);
-    run[lines][vectors](tile);
+    const std::ptrdiff_t vectors = next_piece((reach - lane + kWidth - 1) / kWidth, kMostVectors<kSupply>);
+    run_piece<kSupply>(tile, lines, vectors, padded);
     const std::ptrdiff_t done = vectors * kWidth;
     lane += done;
     tile.a.start += done;

@@ -1,0 +1,88 @@
+#ifndef ALIDADE_SRC_MATRIX_MULTIPLY_H
+#define ALIDADE_SRC_MATRIX_MULTIPLY_H
+
+// Products as the library itself calls for them: described by operands, formed in the way that is fastest for the size.
+
+#include <cstddef>
+#include <cstdint>
+
+#include "matrix/kernels/kernels.h"
+#include "matrix/kernels/operands.h"
+#include "matrix/plain/plain_products.h"
+#include "strict_arithmetic.h"
+
+namespace alidade {
+
+// What has to be done with the operands before or while register tiles run over them.
+enum class Preparation {
+  kNothing,     // they are used as they lie
+  kCopies,      // stretches are copied, such as the diagonal blocks of a packed operand
+  kTransposes,  // blocks are transposed
+  kTwoCopies,   // two operands are copied, for a sum of two products
+  kMirrors      // a packed operand supplies the lanes: the plain loops have to jump about in it
+};
+
+// The loops to take; `terms` is the smaller of two sums' where one product stands in the other. A tile has a fixed
+// cost, so that the plain loops serve for small work. Measured by the benchmark of small shapes; a wrong choice costs
+// time, never bits.
+inline const ProductLoops& loops_for(const Target& target, const Extent& extent, std::ptrdiff_t terms,
+                                     Preparation preparation) {
+  struct Least {
+    int lines, terms, products;
+  };
+  constexpr Least kOfTwo[] = {{1, 5, 200}, {2, 5, 1000}, {3, 5, 1500}, {6, 5, 3000}, {3, 2, 60}};
+  constexpr Least kOfMore[] = {{1, 3, 125}, {2, 3, 300}, {3, 3, 1000}, {3, 3, 400}, {3, 2, 60}};
+  const kernels::KernelTable* fast = kernels::active();
+  if (fast == nullptr) {
+    return plain::product_loops;
+  }
+  const Least& least = (fast->width > 2 ? kOfMore : kOfTwo)[static_cast<int>(preparation)];
+  const bool lines_overlap = !target.triangle && target.ld < extent.lanes && extent.lines > 1;
+  if (extent.lanes < 1 || extent.lines < least.lines || terms < least.terms || lines_overlap) {
+    return plain::product_loops;
+  }
+  const std::int64_t elements = std::int64_t{extent.lanes} * extent.lines;
+  return elements >= least.products || elements * terms >= least.products ? fast->products : plain::product_loops;
+}
+
+// target (+)= a b
+inline void multiply(const Target& target, const Operand& a, const Operand& b, const Extent& extent, Mode mode) {
+  if (a.layout == Operand::kDiagonal || b.layout == Operand::kDiagonal) {  // no work for tiles
+    plain::product_loops.product(target, a, b, extent, mode);
+    return;
+  }
+  const bool mirrors = a.layout == Operand::kPacked && !(target.triangle && b.layout == Operand::kPacked);
+  const bool transposes = a.layout == Operand::kPacked || a.layout == Operand::kTransposed;
+  const bool copies = b.layout == Operand::kPacked || mode.negate;
+  const Preparation preparation = mirrors      ? Preparation::kMirrors
+                                  : transposes ? Preparation::kTransposes
+                                  : copies     ? Preparation::kCopies
+                                               : Preparation::kNothing;
+  loops_for(target, extent, extent.terms, preparation).product(target, a, b, extent, mode);
+}
+
+// target (+)= (x y) b, the product in brackets a sum of `inner` terms and rounded by itself
+inline void multiply_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
+                             const Operand& b, const Extent& extent, Mode mode) {
+  const bool copies = y.layout == Operand::kPacked && x.layout != Operand::kTransposed;
+  const std::ptrdiff_t terms = inner < extent.terms ? inner : extent.terms;
+  loops_for(target, extent, terms, copies ? Preparation::kCopies : Preparation::kNothing)
+      .product_on_left(target, x, y, inner, b, extent, mode);
+}
+
+// target (+)= a (y z)
+inline void multiply_on_right(const Target& target, const Operand& a, const Operand& y, std::ptrdiff_t inner,
+                              const Operand& z, const Extent& extent, Mode mode) {
+  const std::ptrdiff_t terms = inner < extent.terms ? inner : extent.terms;
+  loops_for(target, extent, terms, Preparation::kCopies).product_on_right(target, a, y, inner, z, extent, mode);
+}
+
+// target (+)= a b' + b a'
+inline void multiply_symmetrized(const Target& target, const Operand& a, const Operand& b, const Extent& extent,
+                                 Mode mode) {
+  loops_for(target, extent, extent.terms, Preparation::kTwoCopies).symmetrized_product(target, a, b, extent, mode);
+}
+
+}  // namespace alidade
+
+#endif
