@@ -71,16 +71,18 @@ TEST(HexFloat, RefusesAnythingElse) {
 
 TEST(GoldenCase, IsReadAndWrittenBack) {
   const std::string line =
-      "B neu_to_polar 0x0p+0 '=' 12 -> 0x1p+0 nan ; atan2 0x0p+0 0x1.9p+6 0x0p+0 ; cos 0x0p+0 0x1p+0";
-  const golden::Case c = golden::parse_case(line);
+      "0x0p+0 '=' 12 -> 0x1p+0 nan ; atan2 0x0p+0 0x1.9p+6 0x0p+0 ; cos 0x0p+0 0x1p+0 ; sin = 0x0p+0";
+  const golden::Case c = golden::parse_case(golden::parse_heading("[B neu_to_polar]"), line);
   EXPECT_EQ(c.bit_class, 'B');
   EXPECT_EQ(c.function, "neu_to_polar");
   ASSERT_EQ(c.arguments.size(), 3U);
   EXPECT_EQ(c.results, (std::vector<std::string>{"0x1p+0", "nan"}));
-  ASSERT_EQ(c.math_calls.size(), 2U);
+  ASSERT_EQ(c.math_calls.size(), 3U);
   EXPECT_EQ(c.math_calls[0].arguments, (std::vector<double>{0.0, 100.0}));
   EXPECT_EQ(c.math_calls[1].result, 1.0);
+  EXPECT_EQ(c.math_calls[2].arguments, (std::vector<double>{0.0}));
   EXPECT_EQ(golden::format_case(c), line);
+  EXPECT_EQ(golden::format_heading(c), "[B neu_to_polar]");
   golden::Arguments in(c.arguments);
   CHECK_BITS(in.number(), 0.0);
   EXPECT_EQ(in.code(), '=');
@@ -92,9 +94,47 @@ TEST(GoldenCase, IsReadAndWrittenBack) {
 
 TEST(GoldenCase, DamagedLinesAreRefused) {
   for (const char* line :
-       {"cosphi 0x0p+0 -> 0x0p+0", "A", "A cosphi 0x0p+0", "B f -> 0x0p+0 ; sin 0x0p+0", "B f -> 0x0p+0 ;"}) {
-    EXPECT_ANY_THROW(golden::parse_case(line)) << line;
+       {"0x0p+0", "0x0p+0 ->", "-> 0x0p+0 ; sin 0x0p+0", "-> 0x0p+0 ;", "-> 0x0p+0 ; sin = 0x0p+0"}) {
+    EXPECT_ANY_THROW(golden::parse_case({}, line)) << line;
   }
+  for (const char* heading : {"[A]", "[A ]", "[AB f]", "[A f", "A f"}) {
+    EXPECT_ANY_THROW(golden::parse_heading(heading)) << heading;
+  }
+}
+
+TEST(GoldenCase, DrawnNumbersAreThoseOfTheSeed) {
+  golden::RandomBits bits(77);
+  bits.next();
+  const golden::Tokens drawn = golden::Tokens().drawn(3, "plain", bits.state()).integer(5);
+  golden::Arguments in(drawn.list());
+  for (int i = 0; i < 3; ++i) {
+    CHECK_BITS(in.number(), golden::random_double(bits, "plain"));
+  }
+  EXPECT_EQ(in.integer(), 5);
+  EXPECT_TRUE(in.done());
+}
+
+TEST(GoldenCase, IntegersHaveLimits) {
+  const std::vector<std::string> tokens = {"5", "6", "-1", "2147483648", "99999999999999999999", "5x", ""};
+  golden::Arguments in(tokens);
+  EXPECT_EQ(in.integer(0, 5), 5);
+  EXPECT_ANY_THROW(in.integer(0, 5));
+  EXPECT_ANY_THROW(in.integer(0, 5));
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_ANY_THROW(in.integer());
+  }
+}
+
+TEST(GoldenCase, ResultsAreKeptInWordsOrAsTheirHash) {
+  golden::Case c;
+  c.results = {"0x1p+0", "3"};
+  const golden::Tokens same = golden::Tokens().number(1.0).integer(3);
+  const golden::Tokens other = golden::Tokens().number(1.0).integer(4);
+  EXPECT_TRUE(golden::are_results_of(c, same));
+  EXPECT_FALSE(golden::are_results_of(c, other));
+  c.results = {golden::hash_of_words(c.results)};
+  EXPECT_TRUE(golden::are_results_of(c, same));
+  EXPECT_FALSE(golden::are_results_of(c, other));
 }
 
 TEST(GoldenCase, OperationCodesComeBack) {
@@ -117,6 +157,7 @@ TEST(GoldenHash, IsFnv1a) {
   const double other = -0.0;
   EXPECT_NE(golden::hash_of(&other, 1), expected);
   EXPECT_EQ(golden::Tokens().hash({}).list()[0], "#cbf29ce484222325");
+  EXPECT_EQ(golden::hash_of("foobar"), 0x85944171f73967e8ULL);  // published with the algorithm
 }
 
 // First outputs of splitmix64 for seed 1234567, as published with the generator.

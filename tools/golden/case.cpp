@@ -1,5 +1,6 @@
 #include "golden/case.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -8,6 +9,7 @@
 
 #include "golden/hash.h"
 #include "golden/hex_float.h"
+#include "golden/inputs.h"
 
 namespace golden {
 namespace {
@@ -20,13 +22,35 @@ double number_from(const std::string& text) {
   return v;
 }
 
-// Reads "<function> <argument>... <result>" up to the next ";" or the end.
-MathCall read_math_call(std::istringstream& in) {
+std::uint64_t natural_from(const std::string& text) {
+  char* end = nullptr;
+  errno = 0;
+  const unsigned long long v = std::strtoull(text.c_str(), &end, 10);
+  if (text.empty() || text[0] < '0' || text[0] > '9' || *end != '\0' || errno != 0) {
+    throw std::runtime_error("not a natural number: " + text);
+  }
+  return v;
+}
+
+std::string hash_text(std::uint64_t hash) {
+  char text[32];
+  std::snprintf(text, sizeof text, "#%08lx%08lx", static_cast<unsigned long>(hash >> 32),
+                static_cast<unsigned long>(hash & 0xffffffffU));
+  return text;
+}
+
+// Reads "<function> <argument>... <result>" up to the next ";" or the end; "=" stands for the arguments of the call
+// before.
+MathCall read_math_call(std::istringstream& in, const std::vector<MathCall>& before) {
   MathCall call;
   in >> call.function;
   std::string token;
   while (in >> token && token != ";") {
-    call.arguments.push_back(number_from(token));
+    if (token == "=" && !before.empty()) {
+      call.arguments = before.back().arguments;
+    } else {
+      call.arguments.push_back(number_from(token));
+    }
   }
   if (call.arguments.size() < 2) {
     throw std::runtime_error("a recorded call needs an argument and a result");
@@ -36,17 +60,27 @@ MathCall read_math_call(std::istringstream& in) {
   return call;
 }
 
+std::string arguments_of(const MathCall& call) {
+  Tokens tokens;
+  return joined(tokens.numbers(call.arguments.data(), call.arguments.size()).list());
+}
+
 }  // namespace
 
-Case parse_case(const std::string& line) {
-  std::istringstream in(line);
+Case parse_heading(const std::string& line) {
   Case c;
-  std::string token;
-  in >> token >> c.function;
-  if (token.size() != 1 || c.function.empty()) {
-    throw std::runtime_error("a case starts with its class and its function");
+  if (line.size() < 5 || line[0] != '[' || line[2] != ' ' || line.back() != ']') {
+    throw std::runtime_error("not a heading: [<class> <function>]");
   }
-  c.bit_class = token[0];
+  c.bit_class = line[1];
+  c.function = line.substr(3, line.size() - 4);
+  return c;
+}
+
+Case parse_case(const Case& heading, const std::string& line) {
+  std::istringstream in(line);
+  Case c = heading;
+  std::string token;
   while (in >> token && token != "->") {
     c.arguments.push_back(token);
   }
@@ -56,41 +90,55 @@ Case parse_case(const std::string& line) {
   while (in >> token && token != ";") {
     c.results.push_back(token);
   }
+  if (c.results.empty()) {
+    throw std::runtime_error("no results");
+  }
   while (in) {
-    c.math_calls.push_back(read_math_call(in));
+    c.math_calls.push_back(read_math_call(in, c.math_calls));
   }
   return c;
 }
 
+std::string format_heading(const Case& c) { return std::string("[") + c.bit_class + ' ' + c.function + ']'; }
+
 std::string format_call(const MathCall& call) {
-  std::string text = call.function;
-  for (const double argument : call.arguments) {
-    text += ' ' + to_text(argument);
-  }
-  return text + ' ' + to_text(call.result);
+  return call.function + ' ' + arguments_of(call) + ' ' + to_text(call.result);
 }
 
 std::string format_case(const Case& c) {
-  std::string line(1, c.bit_class);
-  line += ' ' + c.function;
-  for (const std::string& argument : c.arguments) {
-    line += ' ' + argument;
-  }
-  line += " ->";
-  for (const std::string& result : c.results) {
-    line += ' ' + result;
-  }
+  std::string line = joined(c.arguments) + (c.arguments.empty() ? "-> " : " -> ") + joined(c.results);
+  std::string before;
   for (const MathCall& call : c.math_calls) {
-    line += " ; " + format_call(call);
+    const std::string arguments = arguments_of(call);
+    line += " ; " + call.function + ' ' + (arguments == before ? "=" : arguments) + ' ' + to_text(call.result);
+    before = arguments;
   }
   return line;
+}
+
+Arguments::Arguments(const std::vector<std::string>& tokens) {
+  for (const std::string& token : tokens) {
+    const std::size_t star = token.find('*');
+    const std::size_t at = token.find('@');
+    if (star == std::string::npos || at == std::string::npos || at < star) {
+      tokens_.push_back(token);
+      continue;
+    }
+    constexpr unsigned long long kMost = 100;
+    const unsigned long long n = natural_from(token.substr(0, star));
+    RandomBits bits(natural_from(token.substr(at + 1)));
+    const std::string kind = token.substr(star + 1, at - star - 1);
+    for (unsigned long long i = 0; i < std::min(n, kMost); ++i) {
+      tokens_.push_back(to_text(random_double(bits, kind)));
+    }
+  }
 }
 
 const std::string& Arguments::next() {
   if (done()) {
     throw std::runtime_error("too few arguments");
   }
-  return (*tokens_)[next_++];
+  return tokens_[next_++];
 }
 
 double Arguments::number() { return number_from(next()); }
@@ -109,15 +157,7 @@ int Arguments::integer(int lowest, int highest) {
   return static_cast<int>(v);
 }
 
-std::uint64_t Arguments::seed() {
-  const std::string& text = next();
-  char* end = nullptr;
-  const std::uint64_t v = std::strtoull(text.c_str(), &end, 10);
-  if (end == text.c_str() || *end != '\0') {
-    throw std::runtime_error("not a seed: " + text);
-  }
-  return v;
-}
+std::uint64_t Arguments::seed() { return natural_from(next()); }
 
 std::string Arguments::word() { return next(); }
 
@@ -161,17 +201,31 @@ Tokens& Tokens::numbers(const double* v, std::size_t n) {
   return *this;
 }
 
+Tokens& Tokens::drawn(std::size_t n, const std::string& kind, std::uint64_t seed) {
+  return word(std::to_string(n) + '*' + kind + '@' + std::to_string(seed));
+}
+
 Tokens& Tokens::append(const Tokens& other) {
   list_.insert(list_.end(), other.list_.begin(), other.list_.end());
   return *this;
 }
 
 Tokens& Tokens::hash(const std::vector<double>& values) {
-  const std::uint64_t hash = hash_of(values.data(), values.size());
-  char text[32];
-  std::snprintf(text, sizeof text, "#%08lx%08lx", static_cast<unsigned long>(hash >> 32),
-                static_cast<unsigned long>(hash & 0xffffffffU));
-  return word(text);
+  return word(hash_text(hash_of(values.data(), values.size())));
+}
+
+std::string joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) {
+    text += (text.empty() ? "" : " ") + word;
+  }
+  return text;
+}
+
+std::string hash_of_words(const std::vector<std::string>& words) { return hash_text(hash_of(joined(words))); }
+
+bool are_results_of(const Case& c, const Tokens& results) {
+  return results.list() == c.results || (c.results.size() == 1 && c.results[0] == hash_of_words(results.list()));
 }
 
 }  // namespace golden

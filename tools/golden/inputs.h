@@ -19,6 +19,9 @@ public:
 
   std::uint64_t next();
 
+  // The seed from which the next words would come again.
+  std::uint64_t state() const { return state_; }
+
   // 0 ... n-1, the upper bits of the next word scaled down.
   int below(int n);
 

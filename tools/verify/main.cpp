@@ -1,27 +1,34 @@
 // alidade-verify: does the installed library give the documented bits on this machine?
 //
 //     alidade-verify [--verbose] [directory of the golden files]
+//     alidade-verify --version
 //
 // Runs every golden case against the library and prints one line for each group of functions and class of bits, and a
 // verdict. Exit code 0: every result is as documented, or differs where the math library of this machine was seen to
-// differ. 1: a result differs and nothing but alidade's own arithmetic can be the cause, or a golden file is damaged.
+// differ. 1: a result differs and nothing but alidade's own arithmetic can be the cause, or the environment is at
+// fault. 2: nothing differs, but golden files are missing or damaged and hence not everything was looked at; or wrong
+// usage.
 
 #include <alidade/environment.h>
+#include <alidade/version.h>
 
 #include <cstdio>
 #include <cstring>
 #include <exception>
-#include <fstream>
 #include <map>
 #include <set>
+#include <stdexcept>
 #include <string>
 
-#include "golden/case.h"
+#include "golden/case_file.h"
 #include "golden/functions.h"
 #include "verify/data_directory.h"
 #include "verify/math_library.h"
 
 namespace {
+
+constexpr int kOtherBits = 1;
+constexpr int kDamagedData = 2;
 
 struct Count {
   long cases = 0;
@@ -45,7 +52,7 @@ class Verification {
 public:
   Verification(std::string directory, bool verbose) : directory_(std::move(directory)), verbose_(verbose) {}
 
-  // Returns the number of damages: unreadable lines, functions nobody knows, functions without a case.
+  // Returns the number of damages: files that are not as they were written, functions nobody knows or without a case.
   int run();
 
   const Count& total() const { return total_; }
@@ -55,7 +62,7 @@ public:
 
 private:
   void run_group(const golden::Group& group);
-  void run_line(const golden::Group& group, const std::string& line);
+  void run_case(const golden::Group& group, const golden::PlacedCase& placed);
   void complain(const std::string& what);
 
   std::string directory_;
@@ -67,14 +74,6 @@ private:
   int damages_ = 0;
   int reported_ = 0;
 };
-
-std::string joined(const std::vector<std::string>& words) {
-  std::string text;
-  for (const std::string& word : words) {
-    text += (text.empty() ? "" : " ") + word;
-  }
-  return text;
-}
 
 void print_row(const char* group, const std::string& bit_class, const Count& c) {
   std::printf("%-14s %-5s %8ld %8ld %10ld %10ld\n", group, bit_class.c_str(), c.cases, c.equal, c.different,
@@ -91,8 +90,8 @@ void Verification::complain(const std::string& what) {
   ++reported_;
 }
 
-void Verification::run_line(const golden::Group& group, const std::string& line) {
-  const golden::Case c = golden::parse_case(line);
+void Verification::run_case(const golden::Group& group, const golden::PlacedCase& placed) {
+  const golden::Case& c = placed.what;
   const golden::Function* function = golden::find_function(group, c.function);
   if (function == nullptr) {
     throw std::runtime_error("unknown function");
@@ -113,40 +112,33 @@ void Verification::run_line(const golden::Group& group, const std::string& line)
       ++math_differences_[call.function];
     }
   }
-  if (out.list() == c.results) {
+  if (golden::are_results_of(c, out)) {
     ++count.equal;
   } else if (!verify::math_library_agrees(c)) {
     ++count.attributed;
   } else {
     ++count.different;
-    complain("different: " + line + "\n        got: " + joined(out.list()));
+    complain(placed.place + ": different: " + c.function + " " + placed.text +
+             "\n        got: " + golden::joined(out.list()));
   }
 }
 
 void Verification::run_group(const golden::Group& group) {
   const std::string file = directory_ + "/" + group.name + ".txt";
-  std::ifstream in(file);
-  if (!in) {
-    ++damages_;
-    complain("cannot open " + file);
-    return;
-  }
   classes_.clear();
   seen_.clear();
-  std::string line;
-  for (long number = 1; std::getline(in, line); ++number) {
-    if (!line.empty() && line.back() == '\r') {
-      line.pop_back();
+  try {
+    for (const golden::PlacedCase& placed : golden::read_cases(file)) {
+      try {
+        run_case(group, placed);
+      } catch (const std::exception& e) {
+        throw std::runtime_error(placed.place + ": " + e.what());
+      }
     }
-    if (line.empty() || line[0] == '#') {
-      continue;
-    }
-    try {
-      run_line(group, line);
-    } catch (const std::exception& e) {
-      ++damages_;
-      complain(file + ":" + std::to_string(number) + ": " + e.what());
-    }
+  } catch (const std::exception& e) {
+    ++damages_;
+    complain(e.what());
+    return;
   }
   for (const golden::Function& function : group.functions) {
     if (seen_.count(function.name) == 0) {
@@ -203,9 +195,12 @@ int main(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--verbose") == 0) {
       verbose = true;
+    } else if (std::strcmp(argv[i], "--version") == 0) {
+      std::printf("alidade-verify %d.%d.%d\n", ALIDADE_VERSION_MAJOR, ALIDADE_VERSION_MINOR, ALIDADE_VERSION_PATCH);
+      return 0;
     } else if (argv[i][0] == '-') {
-      std::printf("usage: alidade-verify [--verbose] [directory of the golden files]\n");
-      return std::strcmp(argv[i], "--help") == 0 ? 0 : 1;
+      std::printf("usage: alidade-verify [--version] [--verbose] [directory of the golden files]\n");
+      return std::strcmp(argv[i], "--help") == 0 ? 0 : kDamagedData;
     } else {
       directory = argv[i];
     }
@@ -217,7 +212,14 @@ int main(int argc, char** argv) {
   const Count& total = verification.total();
   std::printf("math library: %ld of %ld recorded calls answered differently%s\n", total.math_differs, total.math_calls,
               verification.math_differences().c_str());
-  const bool good = faults == 0 && damages == 0 && total.different == 0 && total.cases > 0;
-  std::printf("verdict: %s\n", good ? "same bits" : "NOT the documented bits");
-  return good ? 0 : 1;
+  if (faults != 0 || total.different != 0) {
+    std::printf("verdict: NOT the documented bits\n");
+    return kOtherBits;
+  }
+  if (damages != 0) {
+    std::printf("verdict: none, golden files are missing or damaged\n");
+    return kDamagedData;
+  }
+  std::printf("verdict: same bits\n");
+  return 0;
 }

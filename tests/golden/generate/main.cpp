@@ -6,13 +6,16 @@
 //
 // The library has no part in it: a golden file can therefore show that the library is wrong.
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <fstream>
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
+#include "golden/case_file.h"
 #include "golden/functions.h"
 #include "golden/generate/recorded_math.h"
 #include "golden/generate/requests.h"
@@ -25,7 +28,7 @@ struct Source {
   generate::Requests requests;
 };
 
-std::string case_line(const golden::Group& group, const generate::Request& request) {
+golden::Case answered(const golden::Group& group, const generate::Request& request) {
   const golden::Function* function = golden::find_function(group, request.function);
   if (function == nullptr) {
     throw std::runtime_error(group.name + ": nothing bound to " + request.function);
@@ -48,56 +51,92 @@ std::string case_line(const golden::Group& group, const generate::Request& reque
   if (c.bit_class == 'A' && !c.math_calls.empty()) {
     throw std::runtime_error(c.function + " is class A and calls " + c.math_calls[0].function);
   }
+  return c;
+}
+
+// The first cases under a heading are written out for people. In the others the seed stands for numbers that were
+// drawn, where that is shorter, and the hash for long results.
+std::string line_of(golden::Case c, bool for_people) {
+  constexpr std::size_t kLong = 24;
+  const std::vector<std::string> numbers = golden::Arguments(c.arguments).list();
+  if (for_people || golden::joined(numbers).size() <= golden::joined(c.arguments).size()) {
+    c.arguments = numbers;
+  }
+  if (!for_people && golden::joined(c.results).size() > kLong) {
+    c.results = {golden::hash_of_words(c.results)};
+  }
   return golden::format_case(c);
 }
 
-// Sorted, each case once.
-std::set<std::string> case_lines(const Source& source) {
-  std::set<std::string> lines;
+struct Section {
+  std::string heading;
+  std::vector<std::string> lines;
+};
+
+// In the order of the requests, each case once.
+std::vector<Section> sections_of(const Source& source) {
+  constexpr std::size_t kForPeople = 3;
+  std::vector<Section> sections;
+  std::set<std::string> seen;
   for (const generate::Request& request : source.requests.list()) {
-    lines.insert(case_line(source.group, request));
+    const golden::Case c = answered(source.group, request);
+    const std::string heading = golden::format_heading(c);
+    if (!seen.insert(heading + golden::joined(golden::Arguments(c.arguments).list())).second) {
+      continue;
+    }
+    auto section =
+        std::find_if(sections.begin(), sections.end(), [&heading](const Section& s) { return s.heading == heading; });
+    if (section == sections.end()) {
+      section = sections.insert(section, {heading, {}});
+    }
+    section->lines.push_back(line_of(c, section->lines.size() < kForPeople));
   }
-  return lines;
+  return sections;
 }
 
 void write_group(const std::string& directory, const Source& source) {
-  const std::set<std::string> lines = case_lines(source);
+  golden::Seal seal;
+  std::string body;
+  for (const Section& section : sections_of(source)) {
+    seal.add(section.heading, false);
+    body += section.heading + '\n';
+    for (const std::string& line : section.lines) {
+      seal.add(line, true);
+      body += line + '\n';
+    }
+  }
   std::ofstream file(directory + "/" + source.group.name + ".txt", std::ios::binary);
   file << "# alidade golden cases: " << source.group.about << ".\n"
        << "# Made from the literal reference by scripts/regenerate-golden; the format is described in README.md.\n"
-       << "# class function arguments -> results [; math function, arguments, result]...\n";
-  for (const std::string& line : lines) {
-    file << line << '\n';
-  }
+       << seal.text() << '\n'
+       << body;
   if (!file.flush()) {
     throw std::runtime_error("cannot write in " + directory);
   }
-  std::printf("%-14s %6zu cases\n", source.group.name.c_str(), lines.size());
 }
 
 // What must be the same on every machine: all of a line, but of class B only the question.
-std::string portable_part(const std::string& line) { return line[0] == 'B' ? line.substr(0, line.find(" ->")) : line; }
+std::string portable_part(char bit_class, const std::string& line) {
+  return bit_class == 'B' ? line.substr(0, line.find("-> ")) : line;
+}
 
 void check_group(const std::string& directory, const Source& source) {
-  std::set<std::string> made;
-  for (const std::string& line : case_lines(source)) {
-    made.insert(portable_part(line));
-  }
   const std::string name = directory + "/" + source.group.name + ".txt";
-  std::ifstream file(name);
-  std::set<std::string> kept;
-  for (std::string line; std::getline(file, line);) {
-    if (!line.empty() && line[0] != '#') {
-      kept.insert(portable_part(line));
+  std::vector<std::string> kept;
+  for (const golden::PlacedCase& placed : golden::read_cases(name)) {
+    kept.push_back(golden::format_heading(placed.what) + portable_part(placed.what.bit_class, placed.text));
+  }
+  std::vector<std::string> made;
+  for (const Section& section : sections_of(source)) {
+    for (const std::string& line : section.lines) {
+      made.push_back(section.heading + portable_part(section.heading[1], line));
     }
   }
-  for (const std::string& line : made) {
-    if (kept.count(line) == 0) {
-      throw std::runtime_error("not in " + name + ": " + line);
-    }
-  }
-  if (kept.size() != made.size()) {
-    throw std::runtime_error(name + " holds cases that are no longer made");
+  const auto [ours, theirs] = std::mismatch(made.begin(), made.end(), kept.begin(), kept.end());
+  if (ours != made.end() || theirs != kept.end()) {
+    throw std::runtime_error(
+        name + " is another file than is made now; first difference:\n    made: " + (ours == made.end() ? "-" : *ours) +
+        "\n    kept: " + (theirs == kept.end() ? "-" : *theirs));
   }
 }
 

@@ -8,11 +8,11 @@ std::string Requests::kind() {
 }
 
 golden::Tokens Requests::numbers(const std::string& kind, int n) {
-  golden::Tokens tokens;
+  const std::uint64_t seed = bits_.state();
   for (int i = 0; i < n; ++i) {
-    tokens.number(number(kind));
+    number(kind);
   }
-  return tokens;
+  return golden::Tokens().drawn(static_cast<std::size_t>(n), kind, seed);
 }
 
 void Requests::add_numbers(char bit_class, const std::string& function, int n, int count) {

@@ -28,7 +28,7 @@ public:
   // `count` requests whose arguments are n numbers: three in eight short, the others of every kind in turn.
   void add_numbers(char bit_class, const std::string& function, int n, int count);
 
-  // n numbers of one kind.
+  // n numbers of one kind, to be drawn again from the seed that is written.
   golden::Tokens numbers(const std::string& kind, int n);
 
   // One of the kinds of random_double, in turn.
