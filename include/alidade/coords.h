@@ -21,6 +21,10 @@
 #include <alidade/export.h>
 #include <alidade/points.h>
 
+namespace alidade {
+struct ReferenceEllipsoid;
+}
+
 /// A reference ellipsoid: two defining numbers and four derived ones, six doubles in this order.
 struct ALIDADE_API Ellipsoid {
   /// Builds the record from its axis and eccentricity.
@@ -38,12 +42,15 @@ struct ALIDADE_API Ellipsoid {
   double ep2;         ///< second eccentricity squared, e2/(1 - e2); no conversion uses it
   double onePlusEp2;  ///< 1 + ep2
   double c;           ///< polar radius of curvature, a/sqrt(1 - e2), metres
+
+private:
+  friend struct alidade::ReferenceEllipsoid;
+  constexpr Ellipsoid(double axis, double first, double first2, double second2, double one_plus_second2,
+                      double curvature)
+      : a(axis), e(first), e2(first2), ep2(second2), onePlusEp2(one_plus_second2), c(curvature) {}
 };
 
-/// The reference ellipsoid of all member conversions. Read-only; ready before any static initialiser of the host runs,
-/// with the shared library and, for GCC and Clang on ELF systems and MinGW, with the static one; there it has the
-/// priority 101, the first that a program may use, and the linker decides about a host's initialiser of the same
-/// priority.
+/// The reference ellipsoid of all member conversions. Read-only; a constant, ready before any initialiser runs.
 ///
 /// | field | value | bit pattern |
 /// |---|---|---|

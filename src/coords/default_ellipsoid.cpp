@@ -4,4 +4,4 @@
 #include "strict_arithmetic.h"
 
 // Alone in its file: a host that links the static library and has a symbol of this name then never pulls this one in.
-ALIDADE_INITIALISE_FIRST const Ellipsoid DefaultEllipsoid(alidade::kSemiMajorAxis, alidade::kFirstEccentricity);
+constexpr Ellipsoid DefaultEllipsoid = alidade::ReferenceEllipsoid::make();

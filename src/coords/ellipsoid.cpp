@@ -14,6 +14,6 @@ Ellipsoid::Ellipsoid(const double& semi_major_axis, const double& first_eccentri
 
 namespace alidade {
 
-ALIDADE_INITIALISE_FIRST const Ellipsoid reference_ellipsoid(kSemiMajorAxis, kFirstEccentricity);
+constexpr Ellipsoid reference_ellipsoid = ReferenceEllipsoid::make();
 
 }  // namespace alidade

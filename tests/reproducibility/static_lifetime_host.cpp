@@ -1,5 +1,5 @@
 // Uses the library before main() begins and after it has returned: from the constructor and the destructor of a static
-// object, of the first priority a program may ask for. A static library has that one itself; the next is the host's.
+// object, of the first priority a program may ask for.
 
 #include <cstdio>
 #include <cstdlib>
@@ -22,11 +22,7 @@ struct Host {
   }
 };
 
-#if defined(ALIDADE_STATIC)
-__attribute__((init_priority(102))) Host host;
-#else
 __attribute__((init_priority(101))) Host host;
-#endif
 
 }  // namespace
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "coords/angle_constants.h"
 #include "coords/ellipsoid.h"
 #include "support/bits.h"
@@ -25,6 +27,17 @@ TEST(CoordsConstants, ByBitPattern) {
 
 TEST(CoordsConstants, TheTwoDegreeFactorsAreNeighbours) {
   EXPECT_EQ(bits::of(alidade::kRadiansPerDegreeDecimal), bits::of(alidade::kRadiansPerDegree) + 1);
+}
+
+TEST(CoordsConstants, TheReferenceEllipsoidIsWhatItsConstructorMakes) {
+  const Ellipsoid made(alidade::kSemiMajorAxis, alidade::kFirstEccentricity);
+  CHECK_BITS(alidade::kAxisRatio, std::sqrt(1.0 - made.e2));
+  for (const Ellipsoid* constant : {&DefaultEllipsoid, &alidade::reference_ellipsoid}) {
+    CHECK_BITS(constant->e2, made.e2);
+    CHECK_BITS(constant->ep2, made.ep2);
+    CHECK_BITS(constant->onePlusEp2, made.onePlusEp2);
+    CHECK_BITS(constant->c, made.c);
+  }
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 namespace {
 
 #if defined(__GNUC__) && (defined(__ELF__) || defined(__MINGW32__))
-#define EARLY __attribute__((init_priority(102)))
+#define EARLY __attribute__((init_priority(101)))
 #else
 #define EARLY
 #endif
