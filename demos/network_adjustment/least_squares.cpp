@@ -44,15 +44,20 @@ void transfer(TSMatrix& from, int from_row, int from_column, char op, TSMatrix& 
 }  // namespace
 
 NormalEquations::NormalEquations(int points, int width)
-    : width_(width), matrix_(points * width, 0), right_side_(dense_size(points, width), 0.0) {}
+    : width_(width),
+      matrix_(std::make_unique<TSMatrix>(points * width, 0)),
+      right_side_(dense_size(points, width), 0.0) {}
 
 void NormalEquations::add(const ObservationGroup& group) {
   const int rows = group.rows();
   const int columns = width_ * static_cast<int>(group.points.size());
+  if (columns == 0) {
+    return;
+  }
   TSMatrix own(columns, 0);
   SMATRopRt_S_R(own, '=', dense_view(group.design, rows, columns), packed_view(group.weight, rows));
   for_each_block(group, width_, [&](int own_row, int own_column, int row, int column) {
-    transfer(own, own_row, own_column, '+', matrix_, row, column, width_);
+    transfer(own, own_row, own_column, '+', *matrix_, row, column, width_);
   });
 
   std::vector<double> own_side(static_cast<std::size_t>(columns));
@@ -65,7 +70,7 @@ void NormalEquations::add(const ObservationGroup& group) {
 
 std::vector<double> NormalEquations::solution() {
   std::vector<double> x(right_side_.size());
-  matrix_.MatrProduct(right_side_.data(), '=', x.data());
+  matrix_->MatrProduct(right_side_.data(), '=', x.data());
   return x;
 }
 
@@ -78,7 +83,9 @@ GroupResult evaluate(const ObservationGroup& group, int width, TSMatrix& cofacto
   // v = A x - l
   result.residual.resize(group.misclosure.size());
   const std::vector<double> own_solution = gather(group, width, solution);
-  MatrixProduct(group.design.data(), own_solution.data(), result.residual.data(), rows, columns, 1);
+  if (columns > 0) {
+    MatrixProduct(group.design.data(), own_solution.data(), result.residual.data(), rows, columns, 1);
+  }
   for (std::size_t k = 0; k < result.residual.size(); ++k) {
     result.residual[k] -= group.misclosure[k];
   }
@@ -89,13 +96,15 @@ GroupResult evaluate(const ObservationGroup& group, int width, TSMatrix& cofacto
   MAtB(result.residual.data(), weighted.data(), &result.weighted_square, rows, 1, 1);
 
   // C - A Q A'
-  TSMatrix own_cofactor(columns, 0);
-  for_each_block(group, width, [&](int own_row, int own_column, int row, int column) {
-    transfer(cofactor, row, column, '=', own_cofactor, own_row, own_column, width);
-  });
   std::vector<double> reduced = group.covariance;
-  TSMatrix reduced_view = packed_view(reduced, rows);
-  SMATRopR_S_Rt(reduced_view, '-', dense_view(group.design, rows, columns), own_cofactor);
+  if (columns > 0) {
+    TSMatrix own_cofactor(columns, 0);
+    for_each_block(group, width, [&](int own_row, int own_column, int row, int column) {
+      transfer(cofactor, row, column, '=', own_cofactor, own_row, own_column, width);
+    });
+    TSMatrix reduced_view = packed_view(reduced, rows);
+    SMATRopR_S_Rt(reduced_view, '-', dense_view(group.design, rows, columns), own_cofactor);
+  }
   for (int k = 0; k < rows; ++k) {
     const auto diagonal = static_cast<std::size_t>(TSMatrix::LinearIndex(k, k));
     result.residual_variance.push_back(reduced[diagonal]);

@@ -9,12 +9,14 @@
 
 #include <alidade/matrix.h>
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace network {
 
 struct ObservationGroup {
-  std::vector<int> points;         // the points the group depends on, each once
+  std::vector<int> points;         // the points the group depends on, each once; maybe none
   std::vector<double> design;      // A: rows x (width * points), column by column
   std::vector<double> misclosure;  // l: observed minus computed
   std::vector<double> covariance;  // C, packed
@@ -30,15 +32,18 @@ public:
 
   void add(const ObservationGroup& group);
 
-  TSMatrix& matrix() { return matrix_; }
+  TSMatrix& matrix() { return *matrix_; }
   const std::vector<double>& right_side() const { return right_side_; }
 
   // The solution, once matrix() holds the inverse (or another symmetric generalised inverse).
   std::vector<double> solution();
 
+  // The matrix itself, for who goes on with it: copied it would take as much memory again.
+  std::unique_ptr<TSMatrix> take_matrix() { return std::move(matrix_); }
+
 private:
   int width_;
-  TSMatrix matrix_;
+  std::unique_ptr<TSMatrix> matrix_;
   std::vector<double> right_side_;
 };
 

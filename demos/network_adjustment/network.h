@@ -62,10 +62,20 @@ struct PublishedResult {
 
 struct Station {
   std::string name;
-  int line;  // where the station is first observed
+  int line;             // where the station is first observed
+  bool fixed = false;   // held at a given position
+  Coord position = {};  // of a fixed station
+};
+
+// Of latitudes, longitudes and heights.
+struct ReferenceEllipsoid {
+  std::string name = "WGS84";
+  double a = 6378137;  // semi-major axis, metres
+  double inverse_flattening = 298.257223563;
 };
 
 struct Network {
+  ReferenceEllipsoid ellipsoid;
   std::vector<Station> stations;
   std::vector<VectorGroup> groups;
   PublishedResult published;

@@ -5,9 +5,8 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
+#include <cmath>
+#include <map>
 #include <numeric>
 
 #include "matrix_views.h"
@@ -15,6 +14,14 @@
 
 namespace network {
 namespace {
+
+using demo::Place;
+using demo::Record;
+
+// What a file may hold. More is a slip of the pen, and would take memory and time without bounds.
+constexpr double kFarthest = 1e8;             // metres from the Earth's centre, and between stations
+constexpr std::size_t kMostStations = 15000;  // normal equations of 8 GB
+constexpr std::size_t kLargestCluster = 1000;
 
 // A cluster while its records arrive: the covariance elements may come in any order, each of them once.
 struct OpenCluster {
@@ -30,23 +37,22 @@ struct OpenCluster {
 
 // Published records wait for the end of the file, where stations and observations are known.
 struct PendingStation {
-  int line;
+  Place place;
   std::string name;
   PublishedStation values;
 };
 
 struct PendingObservation {
-  int line;
+  Place place;
   std::string label;
   PublishedObservation values;
 };
 
 class Reader {
 public:
-  explicit Reader(const std::string& name) : name_(name) {}
-
-  void read(std::istream& input);
-  Network finish();
+  void read(Record& record);
+  // end: the last line of the file
+  Network finish(const Place& end);
 
 private:
   struct RecordType {
@@ -54,9 +60,10 @@ private:
     const char* layout;
     void (Reader::*read)(Record&);
   };
-  static const RecordType kTypes[9];
+  static const RecordType kTypes[11];
 
-  void dispatch(Record& record);
+  void read_ellipsoid(Record& record);
+  void read_fixed_station(Record& record);
   void read_statistic(Record& record);
   void read_baseline(Record& record);
   void read_cluster_baseline(Record& record);
@@ -71,25 +78,31 @@ private:
   void read_element(Record& record, OpenCluster& cluster);
   void close_cluster(OpenCluster& cluster);
   void add_group(VectorGroup group);
+  void resolve_fixed_stations();
   void expect_every_station_tied() const;
   void resolve_published_stations();
   void resolve_published_observations();
 
-  int station(const std::string& station_name, int line);
+  [[noreturn]] void fail(int line, const std::string& message) const { demo::fail({end_.file, line}, message); }
+  int station(Record& record);
   void read_ends(Record& record, ObservedVector& vector);
   static Coord read_coord(Record& record);
 
-  std::string name_;
-  int lines_ = 0;
+  Place end_;
   Network network_;
   std::map<std::string, int> index_;
+  std::map<int, int> baseline_lines_;  // by identifier
+  bool ellipsoid_given_ = false;
   OpenCluster baselines_{GroupKind::kBaselineCluster, "CBLC", {}, {}};
   OpenCluster positions_{GroupKind::kPositionCluster, "CPOSC", {}, {}};
+  std::map<std::string, Station> fixed_;
   std::vector<PendingStation> pending_stations_;
   std::vector<PendingObservation> pending_observations_;
 };
 
-const Reader::RecordType Reader::kTypes[9] = {
+const Reader::RecordType Reader::kTypes[11] = {
+    {"ELLIPSOID", "name a 1/f", &Reader::read_ellipsoid},
+    {"FIX", "station X Y Z", &Reader::read_fixed_station},
     {"SUM", "key value", &Reader::read_statistic},
     {"BL", "id from to dX dY dZ cXX cXY cYY cXZ cYZ cZZ scale", &Reader::read_baseline},
     {"CBL", "k from to dX dY dZ", &Reader::read_cluster_baseline},
@@ -113,19 +126,8 @@ const char* kind_letter(GroupKind kind) {
   }
 }
 
-void Reader::read(std::istream& input) {
-  for (std::string text; std::getline(input, text);) {
-    Record record(name_, ++lines_, text);
-    if (!record.empty()) {
-      dispatch(record);
-    }
-  }
-  if (input.bad()) {
-    fail(name_, lines_ + 1, "expected a readable file");
-  }
-}
-
-void Reader::dispatch(Record& record) {
+void Reader::read(Record& record) {
+  end_ = record.place();
   for (const RecordType& known : kTypes) {
     if (record.type() == known.type) {
       record.expect_layout(known.layout);
@@ -148,32 +150,59 @@ void Reader::read_statistic(Record& record) {
   }
 }
 
-int Reader::station(const std::string& station_name, int line) {
-  const auto [entry, is_new] = index_.emplace(station_name, static_cast<int>(network_.stations.size()));
+void Reader::read_ellipsoid(Record& record) {
+  if (ellipsoid_given_) {
+    record.fail("expected one ELLIPSOID record, found another");
+  }
+  ellipsoid_given_ = true;
+  ReferenceEllipsoid& ellipsoid = network_.ellipsoid;
+  ellipsoid.name = record.text();
+  ellipsoid.a = record.number_between(6.3e6, 6.4e6);
+  ellipsoid.inverse_flattening = record.number_between(100, 1000);
+}
+
+int Reader::station(Record& record) {
+  const std::string name = record.text();
+  const auto [entry, is_new] = index_.emplace(name, static_cast<int>(network_.stations.size()));
   if (is_new) {
-    network_.stations.push_back({station_name, line});
+    if (network_.stations.size() == kMostStations) {
+      record.fail_at_field("one of the first " + std::to_string(kMostStations) + " stations (there may be no more)");
+    }
+    network_.stations.push_back({name, record.place().line});
   }
   return entry->second;
 }
 
+void Reader::read_fixed_station(Record& record) {
+  Station station{record.text(), record.place().line, true};
+  if (fixed_.count(station.name) != 0) {
+    record.fail_at_field("a station that is not fixed yet");
+  }
+  station.position = read_coord(record);
+  fixed_.emplace(station.name, station);
+}
+
 void Reader::read_ends(Record& record, ObservedVector& vector) {
-  vector.from = station(record.text(), record.line());
-  vector.to = station(record.text(), record.line());
+  vector.from = station(record);
+  vector.to = station(record);
   if (vector.from == vector.to) {
     record.fail_at_field("another station than from");
   }
 }
 
 Coord Reader::read_coord(Record& record) {
-  const double x = record.number();
-  const double y = record.number();
-  const double z = record.number();
+  const double x = record.number_between(-kFarthest, kFarthest);
+  const double y = record.number_between(-kFarthest, kFarthest);
+  const double z = record.number_between(-kFarthest, kFarthest);
   return {x, y, z};
 }
 
 void Reader::read_baseline(Record& record) {
-  record.index();
-  VectorGroup group{GroupKind::kBaseline, record.line(), {}, {}, {}};
+  const auto [entry, is_new] = baseline_lines_.emplace(record.index(), record.place().line);
+  if (!is_new) {
+    record.fail_at_field("an identifier other than that of the baseline in line " + std::to_string(entry->second));
+  }
+  VectorGroup group{GroupKind::kBaseline, record.place().line, {}, {}, {}};
   ObservedVector vector{};
   read_ends(record, vector);
   vector.value = read_coord(record);
@@ -193,13 +222,16 @@ void Reader::expect_next_in_cluster(Record& record, OpenCluster& cluster) {
   const int k = record.index();
   if (k == 0) {
     close_cluster(cluster);
-    cluster.group.line = record.line();
+    cluster.group.line = record.place().line;
     cluster.group.kind = cluster.kind;
   } else if (!cluster.present.empty()) {
     record.fail_at_field("0, the first of a new cluster (the covariance of the last one has begun),");
   }
   if (k != static_cast<int>(cluster.group.vectors.size())) {
     record.fail_at_field(std::to_string(cluster.group.vectors.size()) + ", the next number of the cluster,");
+  }
+  if (cluster.group.vectors.size() == kLargestCluster) {
+    record.fail_at_field("a number below " + std::to_string(kLargestCluster) + ", the largest cluster,");
   }
 }
 
@@ -215,7 +247,7 @@ void Reader::read_position(Record& record) {
   expect_next_in_cluster(record, positions_);
   ObservedVector vector{};
   vector.from = kNoStation;
-  vector.to = station(record.text(), record.line());
+  vector.to = station(record);
   vector.value = read_coord(record);
   positions_.group.vectors.push_back(vector);
 }
@@ -265,12 +297,11 @@ void Reader::close_cluster(OpenCluster& cluster) {
   const std::size_t needed = packed_size(cluster.group.rows());
   const auto found = static_cast<std::size_t>(std::count(cluster.present.begin(), cluster.present.end(), 1));
   if (found != needed) {
-    fail(name_, line,
-         "expected " + std::to_string(needed) + " " + cluster.element_record +
-             " records for the cluster that begins here, found " + std::to_string(found));
+    fail(line, "expected " + std::to_string(needed) + " " + cluster.element_record +
+                   " records for the cluster that begins here, found " + std::to_string(found));
   }
   if (cluster.kind == GroupKind::kBaselineCluster && !cluster.scale_given) {
-    fail(name_, line, "expected a CBLS record for the cluster that begins here, found none");
+    fail(line, "expected a CBLS record for the cluster that begins here, found none");
   }
   for (double& element : cluster.group.covariance) {
     element *= cluster.scale;
@@ -281,36 +312,37 @@ void Reader::close_cluster(OpenCluster& cluster) {
 
 void Reader::add_group(VectorGroup group) {
   if (!invert_covariance(group.covariance, group.rows(), group.weight)) {
-    fail(name_, group.line, "expected a positive definite covariance for the vectors that begin here");
+    fail(group.line, "expected a positive definite covariance for the vectors that begin here");
   }
   network_.groups.push_back(std::move(group));
 }
 
-// Degrees from packed sexagesimal text, D.MMSSsss with the sign in front.
+// Degrees from packed sexagesimal text, D.MMSSsss with the sign in front: at most three digits before the point and
+// twenty behind it. Digits behind the seconds are a fraction of a second.
 double parse_packed_degrees(Record& record) {
-  const char* const expected = "an angle in packed degrees D.MMSSsss";
   std::string text = record.text();
   const bool negative = !text.empty() && text[0] == '-';
   text.erase(0, negative ? 1 : 0);
   const std::size_t point = text.find('.');
-  const bool digits_only =
-      std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c) != 0 || c == '.'; });
-  if (!digits_only || point == 0 || point > 3 || text.find('.', point + 1) != std::string::npos ||
-      text.size() < point + 5) {
-    record.fail_at_field(expected);
+  const auto digits = std::count_if(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
+  const bool well_formed = point >= 1 && point <= 3 && text.size() >= point + 5 && text.size() <= point + 21 &&
+                           static_cast<std::size_t>(digits) + 1 == text.size();
+  int minutes = 60;
+  double seconds = 60;
+  if (well_formed) {
+    minutes = std::stoi(text.substr(point + 1, 2));
+    seconds = static_cast<double>(std::stoll(text.substr(point + 3))) /
+              std::pow(10.0, static_cast<double>(text.size() - (point + 5)));
   }
-  const int degrees = std::stoi(text.substr(0, point));
-  const int minutes = std::stoi(text.substr(point + 1, 2));
-  const double seconds = std::stod(text.substr(point + 3, 2)) + std::stod("0." + text.substr(point + 5) + "0");
   if (minutes >= 60 || seconds >= 60) {
-    record.fail_at_field(expected);
+    record.fail_at_field("an angle in packed degrees D.MMSSsss");
   }
-  const double angle = dms_to_deg(degrees, minutes, seconds);
+  const double angle = dms_to_deg(std::stoi(text), minutes, seconds);
   return negative ? -angle : angle;
 }
 
 void Reader::read_published_station(Record& record) {
-  PendingStation pending{record.line(), record.text(), {}};
+  PendingStation pending{record.place(), record.text(), {}};
   PublishedStation& values = pending.values;
   values.latitude_deg = parse_packed_degrees(record);
   values.longitude_deg = parse_packed_degrees(record);
@@ -324,7 +356,7 @@ void Reader::read_published_station(Record& record) {
 }
 
 void Reader::read_published_observation(Record& record) {
-  PendingObservation pending{record.line(), {}, {}};
+  PendingObservation pending{record.place(), {}, {}};
   for (int k = 0; k < 4; ++k) {
     pending.label += (k == 0 ? "" : " ") + record.text();
   }
@@ -339,11 +371,24 @@ void Reader::read_published_observation(Record& record) {
   pending_observations_.push_back(pending);
 }
 
+void Reader::resolve_fixed_stations() {
+  for (const auto& [name, fixed] : fixed_) {
+    const auto entry = index_.find(name);
+    if (entry == index_.end()) {
+      fail(fixed.line, "expected a station with observations, found \"" + name + "\"");
+    }
+    network_.stations[static_cast<std::size_t>(entry->second)] = fixed;
+  }
+  if (fixed_.size() == network_.stations.size()) {
+    fail(fixed_.begin()->second.line, "expected at least one station that is not fixed");
+  }
+}
+
 void Reader::resolve_published_stations() {
   for (PendingStation& pending : pending_stations_) {
     const auto entry = index_.find(pending.name);
     if (entry == index_.end()) {
-      fail(name_, pending.line, "expected a station of the network, found \"" + pending.name + "\"");
+      demo::fail(pending.place, "expected a station of the network, found \"" + pending.name + "\"");
     }
     pending.values.station = entry->second;
     network_.published.stations.push_back(pending.values);
@@ -370,27 +415,27 @@ void Reader::resolve_published_observations() {
   for (std::size_t k = 0; k < pending_observations_.size(); ++k) {
     const PendingObservation& pending = pending_observations_[k];
     if (k >= labels.size() || pending.label != labels[k]) {
-      fail(name_, pending.line,
-           "expected " + (k < labels.size() ? "\"RES " + labels[k] + " ...\"" : std::string("no more RES records")) +
-               ", found \"RES " + pending.label + "\"");
+      demo::fail(pending.place,
+                 "expected " +
+                     (k < labels.size() ? "\"RES " + labels[k] + " ...\"" : std::string("no more RES records")) +
+                     ", found \"RES " + pending.label + "\"");
     }
     network_.published.observations.push_back(pending.values);
   }
   if (pending_observations_.size() != labels.size()) {
-    fail(name_, lines_,
-         "expected " + std::to_string(labels.size()) + " RES records, one for each observation, found " +
-             std::to_string(pending_observations_.size()));
+    fail(end_.line, "expected " + std::to_string(labels.size()) + " RES records, one for each observation, found " +
+                        std::to_string(pending_observations_.size()));
   }
 }
 
-// Baselines tie stations to each other, positions tie them to the ground. With positive definite covariances this is
-// exactly what makes the normal equations regular.
+// Baselines tie stations to each other, positions tie them to the ground, and fixed stations are part of it.
+// With positive definite covariances this is exactly what makes the normal equations regular.
 void Reader::expect_every_station_tied() const {
   std::vector<std::size_t> set(network_.stations.size() + 1);  // the last element stands for the ground
   std::iota(set.begin(), set.end(), std::size_t{0});
   const auto root = [&set](std::size_t i) {
     while (set[i] != i) {
-      i = set[i];
+      i = set[i] = set[set[i]];
     }
     return i;
   };
@@ -402,23 +447,30 @@ void Reader::expect_every_station_tied() const {
     }
   }
   for (std::size_t i = 0; i < ground; ++i) {
+    if (network_.stations[i].fixed) {
+      set[root(i)] = root(ground);
+    }
+  }
+  for (std::size_t i = 0; i < ground; ++i) {
     if (root(i) != root(ground)) {
-      fail(name_, network_.stations[i].line,
-           "expected baselines that lead to an observed position (CPOS), found none for station " +
+      fail(network_.stations[i].line,
+           "expected baselines that lead to an observed (CPOS) or fixed (FIX) position, found none for station " +
                network_.stations[i].name);
     }
   }
 }
 
-Network Reader::finish() {
+Network Reader::finish(const Place& end) {
+  end_ = end;
   close_cluster(baselines_);
   close_cluster(positions_);
   if (network_.groups.empty()) {
-    fail(name_, std::max(lines_, 1), "expected observations (BL, CBL or CPOS records), found none");
+    fail(end_.line, "expected observations (BL, CBL or CPOS records), found none");
   }
   // The order of the published result: baselines, clusters of baselines, positions.
   std::stable_sort(network_.groups.begin(), network_.groups.end(),
                    [](const VectorGroup& a, const VectorGroup& b) { return a.kind < b.kind; });
+  resolve_fixed_stations();
   expect_every_station_tied();
   resolve_published_stations();
   resolve_published_observations();
@@ -428,17 +480,13 @@ Network Reader::finish() {
 }  // namespace
 
 Network read_network(std::istream& input, const std::string& name) {
-  Reader reader(name);
-  reader.read(input);
-  return reader.finish();
+  Reader reader;
+  return reader.finish(demo::for_each_record(input, name, [&reader](Record& record) { reader.read(record); }));
 }
 
 Network read_network_file(const std::string& path) {
-  std::ifstream input(path);
-  if (!input) {
-    throw InputError(path + ": expected a readable file: " + std::strerror(errno));
-  }
-  return read_network(input, path);
+  Reader reader;
+  return reader.finish(demo::for_each_record_of_file(path, [&reader](Record& record) { reader.read(record); }));
 }
 
 }  // namespace network

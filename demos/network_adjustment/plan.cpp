@@ -4,13 +4,21 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <map>
 #include <numeric>
 #include <utility>
 
-#include "label_placement.h"
+#include "common/text.h"
+#include "geodetic.h"
 
 namespace network {
 namespace {
+
+using demo::box_around;
+using demo::centre_of;
+using demo::LabelRequest;
+using demo::Segment;
 
 constexpr double kWidth = 1280;
 constexpr double kMargin = 20;
@@ -22,10 +30,13 @@ constexpr double kMainBorder = 46;  // from the frame to the outermost station: 
 constexpr double kInsetBorder = 58;
 constexpr double kInsetHeight = 330;
 constexpr int kInsetsInRow = 4;
+constexpr std::size_t kMostInsets = 12;
+constexpr double kWorthwhile = 2;       // enlargement of an inset at least
 constexpr double kDenseDistance = 24;   // stations nearer than this in the main plan belong together
 constexpr std::size_t kDenseCount = 3;  // and so many of them get an inset
 constexpr double kTypicalAxis = 9;      // pixels of a typical semi-major axis
 constexpr double kSymbolRadius = 4;
+constexpr double kCrowded = 26;  // stations nearer than this leave in doubt which one a label means
 
 struct Extent {
   double west;
@@ -53,20 +64,18 @@ std::vector<PlanStation> project(const Network& network, const Results& results)
     centre += station.position;
   }
   centre /= static_cast<double>(results.stations.size());
-  const GeoCoord geodetic(centre);
-  const TAbstractPoint3<double> blh(geodetic.b, geodetic.l, geodetic.h);
+  const GeoCoord horizon = geodetic(network.ellipsoid, centre);
 
   std::vector<PlanStation> stations;
   for (std::size_t i = 0; i < results.stations.size(); ++i) {
-    const Coord difference = results.stations[i].position - centre;
-    const TAbstractPoint3<double> local =
-        blh_to_neu(blh, TAbstractPoint3<double>(difference.x, difference.y, difference.z));
-    stations.push_back({network.stations[i].name, local[0], local[1], false, results.stations[i].ellipse});
+    const StationResult& result = results.stations[i];
+    const TAbstractPoint3<double> enu = local(horizon, result.position - centre);
+    stations.push_back({network.stations[i].name, enu[0], enu[1], result.fixed, result.ellipse});
   }
   for (const VectorGroup& group : network.groups) {
     for (const ObservedVector& vector : group.vectors) {
       if (vector.from == kNoStation) {
-        stations[static_cast<std::size_t>(vector.to)].observed_position = true;
+        stations[static_cast<std::size_t>(vector.to)].given = true;
       }
     }
   }
@@ -75,7 +84,7 @@ std::vector<PlanStation> project(const Network& network, const Results& results)
 
 // One line for each pair of stations, flagged when any observation between them is.
 std::vector<PlanLine> baselines(const Network& network, const Results& results) {
-  std::vector<PlanLine> lines;
+  std::map<std::pair<std::size_t, std::size_t>, bool> flags;
   std::size_t row = 0;
   for (const VectorGroup& group : network.groups) {
     for (const ObservedVector& vector : group.vectors) {
@@ -87,16 +96,13 @@ std::vector<PlanLine> baselines(const Network& network, const Results& results) 
       if (vector.from == kNoStation) {
         continue;
       }
-      const std::pair<std::size_t, std::size_t> ends(std::minmax(vector.from, vector.to));
-      const auto known = std::find_if(lines.begin(), lines.end(), [&](const PlanLine& line) {
-        return line.from == ends.first && line.to == ends.second;
-      });
-      if (known == lines.end()) {
-        lines.push_back({ends.first, ends.second, flagged});
-      } else {
-        known->flagged = known->flagged || flagged;
-      }
+      bool& flag = flags[std::minmax(vector.from, vector.to)];
+      flag = flag || flagged;
     }
+  }
+  std::vector<PlanLine> lines;
+  for (const auto& [ends, flagged] : flags) {
+    lines.push_back({ends.first, ends.second, flagged});
   }
   return lines;
 }
@@ -104,7 +110,12 @@ std::vector<PlanLine> baselines(const Network& network, const Results& results) 
 double typical_semi_major(const std::vector<PlanStation>& stations) {
   std::vector<double> axes;
   for (const PlanStation& station : stations) {
-    axes.push_back(station.ellipse.semi_major);
+    if (station.ellipse.semi_major > 0) {
+      axes.push_back(station.ellipse.semi_major);
+    }
+  }
+  if (axes.empty()) {
+    return 0;
   }
   std::nth_element(axes.begin(), axes.begin() + static_cast<std::ptrdiff_t>(axes.size() / 2), axes.end());
   return axes[axes.size() / 2];
@@ -133,8 +144,6 @@ std::vector<std::vector<std::size_t>> dense_groups(const std::vector<PlanStation
       groups.push_back(std::move(group));
     }
   }
-  std::sort(groups.begin(), groups.end(),
-            [&](const auto& a, const auto& b) { return extent_of(stations, a).west < extent_of(stations, b).west; });
   return groups;
 }
 
@@ -147,11 +156,7 @@ void fit(Panel& panel, const std::vector<PlanStation>& stations, const std::vect
   panel.centre_east = (extent.west + extent.east) / 2;
   panel.centre_north = (extent.south + extent.north) / 2;
   panel.pixels_per_metre =
-      std::min((panel.frame.width() - 2 * border) / width, (panel.frame.height() - 2 * border) / height);
-}
-
-Box box_around(const Point& point, double radius_x, double radius_y) {
-  return {point.x - radius_x, point.y - radius_y, point.x + radius_x, point.y + radius_y};
+      std::min((panel.frame.Width() - 2 * border) / width, (panel.frame.Height() - 2 * border) / height);
 }
 
 // Half the width and height of an ellipse's bounding box.
@@ -159,52 +164,127 @@ Point ellipse_reach(const ErrorEllipse& ellipse, double pixels_per_millimetre) {
   const double scale = 1e3 * pixels_per_millimetre;
   const double s = std::sin(ellipse.major_azimuth);
   const double c = std::cos(ellipse.major_azimuth);
-  return {scale * std::hypot(ellipse.semi_major * s, ellipse.semi_minor * c),
-          scale * std::hypot(ellipse.semi_major * c, ellipse.semi_minor * s)};
+  return Point(scale * std::hypot(ellipse.semi_major * s, ellipse.semi_minor * c),
+               scale * std::hypot(ellipse.semi_major * c, ellipse.semi_minor * s));
 }
 
-void label(Panel& panel, const Plan& plan, const std::vector<Locator>& locators) {
-  Surroundings surroundings{panel.frame, {}, {}, {}};
+double distance(const Point& a, const Point& b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
+
+// How many neighbours compete for the room around a point.
+double crowding(const Point& anchor, const std::vector<LabelRequest>& requests) {
+  double sum = 0;
+  for (const LabelRequest& other : requests) {
+    const double dx = (anchor.x() - other.anchor.x()) / 60;
+    const double dy = (anchor.y() - other.anchor.y()) / 25;
+    sum += 1 / (1 + dx * dx + dy * dy);
+  }
+  return sum;
+}
+
+// The most crowded first, since they find it hardest to get a place; of too many those that have most room.
+std::vector<LabelRequest> in_order(const std::vector<LabelRequest>& requests, std::size_t most) {
+  std::vector<std::pair<double, std::size_t>> order;
+  for (std::size_t i = 0; i < requests.size(); ++i) {
+    order.emplace_back(-crowding(requests[i].anchor, requests), i);
+  }
+  std::sort(order.begin(), order.end());
+  std::vector<LabelRequest> result;
+  for (std::size_t k = order.size() - std::min(most, order.size()); k < order.size(); ++k) {
+    result.push_back(requests[order[k].second]);
+  }
+  return result;
+}
+
+// Labels of the panel's stations, and of the insets that it shows the place of. Returns how many stations remain
+// without.
+std::size_t label(Panel& panel, const Plan& plan, const std::vector<Locator>& locators) {
+  demo::Obstacles obstacles{panel.frame, {}, {}, {}};
   std::vector<LabelRequest> requests;
   for (const std::size_t i : panel.stations) {
-    const Point point = panel.at(plan.stations[i]);
-    const Point reach = ellipse_reach(plan.stations[i].ellipse, plan.pixels_per_millimetre);
-    surroundings.symbols.push_back(box_around(point, kSymbolRadius, kSymbolRadius));
-    surroundings.ellipses.push_back(box_around(point, reach.x, reach.y));
-    requests.push_back({plan.stations[i].name, point, std::max({reach.x, reach.y, kSymbolRadius}) + 2});
+    const PlanStation& station = plan.stations[i];
+    const Point point = panel.at(station);
+    const Point reach = ellipse_reach(station.ellipse, plan.pixels_per_millimetre);
+    obstacles.soft.emplace_back(box_around(point, kSymbolRadius, kSymbolRadius), 200);
+    obstacles.soft.emplace_back(box_around(point, reach.x(), reach.y()), 80);
+    requests.push_back({kNameStyle, station.name, point, std::max({reach.x(), reach.y(), kSymbolRadius}) + 2});
   }
+  for (LabelRequest& request : requests) {
+    const auto near = [&](const LabelRequest& other) { return distance(request.anchor, other.anchor) < kCrowded; };
+    if (std::count_if(requests.begin(), requests.end(), near) > 1) {
+      request.leader_from = 0;
+    }
+  }
+  std::vector<LabelRequest> letters;
   for (const Locator& locator : locators) {
-    surroundings.symbols.push_back(locator.box);
-    requests.push_back(
-        {locator.letter, locator.box.centre(), std::max(locator.box.width(), locator.box.height()) / 2 + 2});
+    obstacles.soft.emplace_back(locator.box, 200);
+    letters.push_back({kLetterStyle, locator.letter, centre_of(locator.box),
+                       std::max(locator.box.Width(), locator.box.Height()) / 2 + 2});
   }
-  for (const PlanLine& line : plan.lines) {
-    surroundings.lines.emplace_back(panel.at(plan.stations[line.from]), panel.at(plan.stations[line.to]));
+  for (const std::size_t k : panel.lines) {
+    obstacles.lines.push_back(panel.at(plan, plan.lines[k]));
   }
-  panel.labels = place_labels(requests, surroundings);
-  panel.unlabelled = requests.size() - panel.labels.size();
+  requests = in_order(requests, demo::kMostLabels - letters.size());
+  requests.insert(requests.begin(), letters.begin(), letters.end());
+  panel.labels = place_labels(requests, obstacles);
+  const auto names = std::count_if(panel.labels.begin(), panel.labels.end(),
+                                   [](const Label& placed) { return placed.style.name == kNameStyle.name; });
+  return panel.stations.size() - static_cast<std::size_t>(names);
+}
+
+void find_lines(Panel& panel, const Plan& plan) {
+  for (std::size_t k = 0; k < plan.lines.size(); ++k) {
+    if (crosses(panel.at(plan, plan.lines[k]), panel.frame)) {
+      panel.lines.push_back(k);
+    }
+  }
+}
+
+// Dense groups at a larger scale, the largest groups first to come and then from west to east.
+std::vector<Panel> make_insets(const Plan& plan) {
+  const double width = (kWidth - 2 * kMargin - (kInsetsInRow - 1) * kMargin) / kInsetsInRow;
+  std::vector<Panel> insets;
+  for (const auto& group : dense_groups(plan.stations, kDenseDistance / plan.main.pixels_per_metre)) {
+    Panel inset{};
+    inset.frame = Box(0, 0, width, kInsetHeight);
+    inset.stations = group;
+    fit(inset, plan.stations, group, kInsetBorder);
+    if (inset.pixels_per_metre >= kWorthwhile * plan.main.pixels_per_metre) {
+      insets.push_back(std::move(inset));
+    }
+  }
+  std::stable_sort(insets.begin(), insets.end(),
+                   [](const Panel& a, const Panel& b) { return a.stations.size() > b.stations.size(); });
+  insets.resize(std::min(insets.size(), kMostInsets));
+  std::sort(insets.begin(), insets.end(), [](const Panel& a, const Panel& b) { return a.centre_east < b.centre_east; });
+  for (std::size_t k = 0; k < insets.size(); ++k) {
+    insets[k].letter = std::string(1, static_cast<char>('A' + k));
+    const double left = kMargin + static_cast<double>(k % kInsetsInRow) * (width + kMargin);
+    const double top = plan.legend.bottom() + static_cast<double>(k / kInsetsInRow) * (kInsetHeight + kMargin);
+    insets[k].frame = Box(left, top, left + width, top + kInsetHeight);
+    find_lines(insets[k], plan);
+  }
+  return insets;
+}
+
+// What the main plan shows of a group that has an inset.
+Locator locate(const Panel& inset, const Plan& plan) {
+  Box around = box_around(plan.main.at(plan.stations[inset.stations.front()]), 7, 7);
+  for (const std::size_t i : inset.stations) {
+    around |= box_around(plan.main.at(plan.stations[i]), 7, 7);
+  }
+  return {inset.letter, around};
 }
 
 }  // namespace
 
-bool overlap(const Box& a, const Box& b) {
-  return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
-}
-
-double round_down(double value) {
-  const double decade = std::pow(10.0, std::floor(std::log10(value)));
-  for (const double step : {5.0, 2.0}) {
-    if (step * decade <= value) {
-      return step * decade;
-    }
-  }
-  return decade;
-}
-
 Point Panel::at(const PlanStation& station) const {
-  const Point centre = frame.centre();
-  return {centre.x + (station.east - centre_east) * pixels_per_metre,
-          centre.y - (station.north - centre_north) * pixels_per_metre};
+  const Point centre = centre_of(frame);
+  return Point(centre.x() + (station.east - centre_east) * pixels_per_metre,
+               centre.y() - (station.north - centre_north) * pixels_per_metre);
+}
+
+Segment Panel::at(const Plan& plan, const PlanLine& line) const {
+  return {at(plan.stations[line.from]), at(plan.stations[line.to])};
 }
 
 Plan make_plan(const Network& network, const Results& results) {
@@ -212,7 +292,8 @@ Plan make_plan(const Network& network, const Results& results) {
   plan.width = kWidth;
   plan.stations = project(network, results);
   plan.lines = baselines(network, results);
-  plan.pixels_per_millimetre = round_down(2 * kTypicalAxis / std::max(1e3 * typical_semi_major(plan.stations), 1e-6));
+  plan.pixels_per_millimetre =
+      demo::round_down(2 * kTypicalAxis / std::max(1e3 * typical_semi_major(plan.stations), 1e-6));
 
   // The main plan takes the height that its width needs.
   std::vector<std::size_t> all(plan.stations.size());
@@ -221,49 +302,33 @@ Plan make_plan(const Network& network, const Results& results) {
   const double inner = kWidth - 2 * kMargin - 2 * kMainBorder;
   const double needed =
       inner * (extent.north - extent.south) / std::max(extent.east - extent.west, 1.0) + 2 * kMainBorder;
-  const double main_height = std::clamp(needed, kMinMainHeight, kMaxMainHeight);
-  plan.main.frame = {kMargin, kTitleHeight, kWidth - kMargin, kTitleHeight + main_height};
+  const double bottom = kTitleHeight + std::clamp(needed, kMinMainHeight, kMaxMainHeight);
+  plan.main.frame = Box(kMargin, kTitleHeight, kWidth - kMargin, bottom);
   fit(plan.main, plan.stations, all, kMainBorder);
+  find_lines(plan.main, plan);
+  plan.legend = Box(kMargin, bottom, kWidth - kMargin, bottom + kLegendHeight);
 
-  const double top = plan.main.frame.bottom;
-  plan.legend = {kMargin, top, kWidth - kMargin, top + kLegendHeight};
-
-  std::vector<char> in_inset(plan.stations.size(), 0);
-  const double inset_width = (kWidth - 2 * kMargin - (kInsetsInRow - 1) * kMargin) / kInsetsInRow;
-  for (const auto& group : dense_groups(plan.stations, kDenseDistance / plan.main.pixels_per_metre)) {
-    const auto number = static_cast<int>(plan.insets.size());
-    Panel inset{};
-    inset.letter = std::string(static_cast<std::size_t>(1 + number / 26), static_cast<char>('A' + number % 26));
-    const int row = number / kInsetsInRow;
-    const int column = number % kInsetsInRow;
-    const double left = kMargin + column * (inset_width + kMargin);
-    const double inset_top = plan.legend.bottom + row * (kInsetHeight + kMargin);
-    inset.frame = {left, inset_top, left + inset_width, inset_top + kInsetHeight};
-    inset.stations = group;
-    fit(inset, plan.stations, group, kInsetBorder);
-
-    Box around{kWidth, kWidth * 2, 0, 0};
-    for (const std::size_t i : group) {
-      in_inset[i] = 1;
-      plan.main.dots.push_back(i);
-      const Point point = plan.main.at(plan.stations[i]);
-      around = {std::min(around.left, point.x - 7), std::min(around.top, point.y - 7),
-                std::max(around.right, point.x + 7), std::max(around.bottom, point.y + 7)};
-    }
-    plan.locators.push_back({inset.letter, around});
-    plan.insets.push_back(std::move(inset));
+  plan.insets = make_insets(plan);
+  for (const Panel& inset : plan.insets) {
+    plan.main.dots.insert(plan.main.dots.end(), inset.stations.begin(), inset.stations.end());
+    plan.locators.push_back(locate(inset, plan));
   }
-  for (const std::size_t i : all) {
-    if (in_inset[i] == 0) {
-      plan.main.stations.push_back(i);
-    }
+  std::vector<char> is_dot(plan.stations.size(), 0);
+  for (const std::size_t i : plan.main.dots) {
+    is_dot[i] = 1;
   }
+  std::copy_if(all.begin(), all.end(), std::back_inserter(plan.main.stations),
+               [&](std::size_t i) { return is_dot[i] == 0; });
 
-  label(plan.main, plan, plan.locators);
+  plan.unlabelled = label(plan.main, plan, plan.locators);
   for (Panel& inset : plan.insets) {
-    label(inset, plan, {});
+    plan.unlabelled += label(inset, plan, {});
   }
-  plan.height = (plan.insets.empty() ? plan.legend.bottom : plan.insets.back().frame.bottom) + kMargin;
+  plan.height = (plan.insets.empty() ? plan.legend.bottom() : plan.insets.back().frame.bottom()) + kMargin;
+  plan.title = demo::format("GNSS network of %zu station%s", all.size(), all.size() == 1 ? "" : "s");
+  if (plan.unlabelled > 0) {
+    plan.title += demo::format(", %zu of them without a name in the plan", plan.unlabelled);
+  }
   return plan;
 }
 

@@ -2,40 +2,27 @@
 #define NETWORK_ADJUSTMENT_PLAN_H
 
 // The layout of a plan of the network: what is drawn where, in pixels, before anything is written. Dense groups of
-// stations get an inset of their own at a larger scale; no two labels of a panel overlap.
+// stations get an inset of their own at a larger scale, as far as the page allows; no two labels of a panel overlap.
 
 #include <cstddef>
 #include <string>
 #include <vector>
 
+#include "common/label_placement.h"
+#include "common/page.h"
 #include "report.h"
 
 namespace network {
 
-// Pixels, y downwards.
-struct Point {
-  double x;
-  double y;
-};
-
-struct Box {
-  double left;
-  double top;
-  double right;
-  double bottom;
-
-  double width() const { return right - left; }
-  double height() const { return bottom - top; }
-  Point centre() const { return {(left + right) / 2, (top + bottom) / 2}; }
-};
-
-bool overlap(const Box& a, const Box& b);
+using demo::Box;
+using demo::Label;
+using demo::Point;
 
 struct PlanStation {
   std::string name;
   double east;  // metres from the centre of the network, in the horizon there
   double north;
-  bool observed_position;
+  bool given;  // its position is observed or fixed
   ErrorEllipse ellipse;
 };
 
@@ -45,12 +32,7 @@ struct PlanLine {
   bool flagged;  // a component fails the normal test
 };
 
-struct Label {
-  std::string text;
-  Box box;
-  Point anchor;  // what it belongs to
-  bool leader;   // far enough from the anchor to need a line to it
-};
+struct Plan;
 
 struct Panel {
   std::string letter;  // of an inset; empty for the main plan
@@ -60,11 +42,15 @@ struct Panel {
   double pixels_per_metre;
   std::vector<std::size_t> stations;  // drawn with ellipse and label
   std::vector<std::size_t> dots;      // drawn as dots: an inset shows them in full
+  std::vector<std::size_t> lines;     // those that cross the frame
   std::vector<Label> labels;
-  std::size_t unlabelled = 0;  // stations for which no free place was found
 
   Point at(const PlanStation& station) const;
+  demo::Segment at(const Plan& plan, const PlanLine& line) const;
 };
+
+constexpr demo::LabelStyle kNameStyle{"name", 11, false};
+constexpr demo::LabelStyle kLetterStyle{"letter", 14, true};
 
 // The part of the main plan that an inset shows.
 struct Locator {
@@ -73,6 +59,7 @@ struct Locator {
 };
 
 struct Plan {
+  std::string title;
   double width;
   double height;
   Box legend;
@@ -82,12 +69,10 @@ struct Plan {
   Panel main;
   std::vector<Locator> locators;
   std::vector<Panel> insets;
+  std::size_t unlabelled = 0;  // stations for which there was no room
 };
 
 Plan make_plan(const Network& network, const Results& results);
-
-// The largest of 1, 2, 5, 10, 20, ... (times powers of ten) that is not above value > 0.
-double round_down(double value);
 
 }  // namespace network
 

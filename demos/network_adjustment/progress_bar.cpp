@@ -10,7 +10,7 @@
 #include <unistd.h>
 #endif
 
-#include "text.h"
+#include "common/text.h"
 
 namespace network {
 namespace {
@@ -45,7 +45,7 @@ void draw(const std::string& line) {
 std::string progress_line(const std::string& title, int percent) {
   const int shown = std::clamp(percent, 0, 100);
   const auto filled = static_cast<std::size_t>(shown * kCells / 100);
-  return title + " [" + std::string(filled, '#') + std::string(kCells - filled, '.') + format("] %3d %%", shown);
+  return title + " [" + std::string(filled, '#') + std::string(kCells - filled, '.') + demo::format("] %3d %%", shown);
 }
 
 ProgressBar::ProgressBar(const std::string& title) : title_(title) {

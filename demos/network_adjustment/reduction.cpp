@@ -2,30 +2,28 @@
 
 #include <cmath>
 
-#include "local_frame.h"
+#include "geodetic.h"
 
 namespace network {
-// Vbb + Vrr - (Vbr + Vbr'). Subtracting a matr3_3 from a covar takes away the matrix and its transpose together, not
-// halved, as is needed here.
-covar relative_covariance(TSMatrix& cofactor, int base, int rover) {
-  covar difference(cofactor, 3 * base);
-  difference += covar(cofactor, 3 * rover);
-  difference -= matr3_3(cofactor, 3 * base, 3 * rover);
-  return difference;
-}
 
-Reduction reduce(AdjustedNetwork& adjusted, int base, int rover) {
+Reduction reduce(const Network& network, const AdjustedNetwork& adjusted, int base, int rover) {
   const Coord& from = adjusted.positions[static_cast<std::size_t>(base)];
   const Coord& to = adjusted.positions[static_cast<std::size_t>(rover)];
+  const GeoCoord station = geodetic(network.ellipsoid, from);
+  const TAbstractPoint3<double> enu = local(station, to - from);
+  const TAbstractPoint3<double> polar = neu_to_polar(enu);
+
   Reduction result{};
   result.base = base;
   result.rover = rover;
-  from.relatCoord(to, result.neu, result.polar);
-
-  const covar local = local_frame(from) & relative_covariance(*adjusted.cofactor, base, rover);
-  result.sd_east = std::sqrt(local[0]);
-  result.sd_north = std::sqrt(local[2]);
-  result.sd_up = std::sqrt(local[5]);
+  result.neu = Coord(enu[1], enu[0], enu[2]);
+  result.polar.elevation = polar[0];
+  result.polar.azimuth = polar[1];
+  result.polar.distance = polar[2];
+  const covar variance = local_frame(station) & adjusted.relative_covariance(base, rover);
+  result.sd_east = std::sqrt(variance[0]);
+  result.sd_north = std::sqrt(variance[2]);
+  result.sd_up = std::sqrt(variance[5]);
   return result;
 }
 

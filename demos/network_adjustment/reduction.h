@@ -5,7 +5,6 @@
 // other.
 
 #include <alidade/coords.h>
-#include <alidade/linalg3.h>
 
 #include "adjustment.h"
 
@@ -15,16 +14,13 @@ struct Reduction {
   int base;
   int rover;
   Coord neu;       // x north, y east, z up, metres, in the horizon of the base
-  PolCoord polar;  // radians, metres
+  PolCoord polar;  // radians, metres; angles undefined at distance 0
   double sd_north;
   double sd_east;
   double sd_up;
 };
 
-// Covariance of rover - base, geocentric, from the joint covariance of both.
-covar relative_covariance(TSMatrix& cofactor, int base, int rover);
-
-Reduction reduce(AdjustedNetwork& adjusted, int base, int rover);
+Reduction reduce(const Network& network, const AdjustedNetwork& adjusted, int base, int rover);
 
 }  // namespace network
 

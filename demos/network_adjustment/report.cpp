@@ -4,10 +4,13 @@
 #include <cmath>
 #include <numeric>
 
-#include "text.h"
+#include "common/text.h"
 
 namespace network {
 namespace {
+
+using demo::format;
+using demo::format_dms;
 
 constexpr double kDegree = 57.29577951308232;  // degrees in a radian
 
@@ -40,9 +43,12 @@ std::string vector_name(const Network& network, const ObservedVector& vector) {
 
 std::string positions_table(const Network& network, const Results& results) {
   const int width = name_width(network);
-  std::string text =
-      title("Adjusted positions") + format("%-*s %14s %14s %14s  %17s  %17s %10s\n", width, "station", "X [m]", "Y [m]",
-                                           "Z [m]", "latitude [d m s]", "longitude [d m s]", "height [m]");
+  const ReferenceEllipsoid& ellipsoid = network.ellipsoid;
+  std::string text = title("Adjusted positions") +
+                     format("Latitude, longitude and height on %s, a = %.4f m, 1/f = %.9f.\n", ellipsoid.name.c_str(),
+                            ellipsoid.a, ellipsoid.inverse_flattening) +
+                     format("%-*s %14s %14s %14s  %17s  %17s %10s\n", width, "station", "X [m]", "Y [m]", "Z [m]",
+                            "latitude [d m s]", "longitude [d m s]", "height [m]");
   for (const std::size_t i : stations_by_name(network)) {
     const StationResult& station = results.stations[i];
     const double latitude = station.geodetic.b * kDegree;
@@ -66,9 +72,15 @@ std::string accuracy_table(const Network& network, const Results& results) {
                      format("%-*s %10s %10s %10s   %10s %10s %13s\n", width, "station", "east [mm]", "north [mm]",
                             "up [mm]", "major [mm]", "minor [mm]", "azimuth [deg]");
   double largest_residual = 0;
+  std::size_t determined = 0;
   std::size_t verified = 0;
   for (const std::size_t i : stations_by_name(network)) {
     const StationResult& station = results.stations[i];
+    if (station.fixed) {
+      text += format("%-*s       held fixed\n", width, network.stations[i].name.c_str());
+      continue;
+    }
+    ++determined;
     text += format("%-*s %10.2f %10.2f %10.2f", width, network.stations[i].name.c_str(), 1e3 * station.sd_east,
                    1e3 * station.sd_north, 1e3 * station.sd_up);
     if (station.ellipse.residual <= kAxesTolerance) {
@@ -82,7 +94,7 @@ std::string accuracy_table(const Network& network, const Results& results) {
   }
   return text +
          format("Axes verified for %zu of %zu stations: |V u - lambda u| is at most %.1e of the larger lambda.\n",
-                verified, results.stations.size(), largest_residual);
+                verified, determined, largest_residual);
 }
 
 std::string signs_of(const ObservationTests& tests, const ObservationTest& test) {
@@ -166,14 +178,18 @@ std::string reductions(const Network& network, const Results& results) {
       title("Reductions") +
       "North, east, up and their standard deviations relative to the base, in the horizon of the base.\n";
   for (const Reduction& reduction : results.reductions) {
+    const PolCoord& polar = reduction.polar;
+    const bool directed = polar.distance > 0;
+    const std::string azimuth = directed ? format_dms(kDegree * polar.azimuth, 2) : "undefined";
+    const std::string elevation =
+        directed ? (polar.elevation < 0 ? "-" : "+") + format_dms(std::fabs(kDegree * polar.elevation), 2) : azimuth;
     text += format("%s -> %s\n", name_of(network, reduction.base).c_str(), name_of(network, reduction.rover).c_str()) +
             format("  north %14.4f m   sd %6.2f mm   azimuth   %s\n", reduction.neu.x, 1e3 * reduction.sd_north,
-                   format_dms(kDegree * reduction.polar.azimuth, 2).c_str()) +
-            format("  east  %14.4f m   sd %6.2f mm   elevation %s%s\n", reduction.neu.y, 1e3 * reduction.sd_east,
-                   reduction.polar.elevation < 0 ? "-" : "+",
-                   format_dms(std::fabs(kDegree * reduction.polar.elevation), 2).c_str()) +
+                   azimuth.c_str()) +
+            format("  east  %14.4f m   sd %6.2f mm   elevation %s\n", reduction.neu.y, 1e3 * reduction.sd_east,
+                   elevation.c_str()) +
             format("  up    %14.4f m   sd %6.2f mm   distance  %.4f m\n", reduction.neu.z, 1e3 * reduction.sd_up,
-                   reduction.polar.distance);
+                   polar.distance);
   }
   return text;
 }
@@ -205,10 +221,11 @@ std::string comparison(const Network& network, const AdjustedNetwork& adjusted, 
 
 }  // namespace
 
-Results evaluate_network(AdjustedNetwork& adjusted, int base, const std::vector<int>& rovers) {
+Results evaluate_network(const Network& network, const AdjustedNetwork& adjusted, int base,
+                         const std::vector<int>& rovers) {
   Results results{};
   for (std::size_t i = 0; i < adjusted.positions.size(); ++i) {
-    results.stations.push_back(station_result(adjusted, static_cast<int>(i)));
+    results.stations.push_back(station_result(network, adjusted, static_cast<int>(i)));
   }
   const int redundancy = adjusted.redundancy();
   if (redundancy > 0) {
@@ -216,7 +233,7 @@ Results evaluate_network(AdjustedNetwork& adjusted, int base, const std::vector<
     results.tests = test_observations(adjusted.groups, results.variance.factor, redundancy);
   }
   for (const int rover : rovers) {
-    results.reductions.push_back(reduce(adjusted, base, rover));
+    results.reductions.push_back(reduce(network, adjusted, base, rover));
   }
   return results;
 }

@@ -20,7 +20,8 @@ struct Results {
   std::vector<Reduction> reductions;
 };
 
-Results evaluate_network(AdjustedNetwork& adjusted, int base, const std::vector<int>& rovers);
+Results evaluate_network(const Network& network, const AdjustedNetwork& adjusted, int base,
+                         const std::vector<int>& rovers);
 
 std::string report(const Network& network, const AdjustedNetwork& adjusted, const Results& results);
 

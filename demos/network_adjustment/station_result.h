@@ -11,14 +11,15 @@ namespace network {
 // What a surveyor reads off for one station. Standard deviations at a-priori variance factor 1, metres.
 struct StationResult {
   Coord position;
-  GeoCoord geodetic;  // radians, metres
+  GeoCoord geodetic;  // on the network's ellipsoid; radians, metres
   double sd_east;
   double sd_north;
   double sd_up;
   ErrorEllipse ellipse;
+  bool fixed;  // then deviations and ellipse are zero
 };
 
-StationResult station_result(AdjustedNetwork& adjusted, int station);
+StationResult station_result(const Network& network, const AdjustedNetwork& adjusted, int station);
 
 }  // namespace network
 

@@ -7,8 +7,8 @@
 
 namespace network {
 
-// The plan as an SVG document. title stands above it.
-std::string svg(const Plan& plan, const std::string& title);
+// The plan as an SVG document.
+std::string svg(const Plan& plan);
 
 }  // namespace network
 

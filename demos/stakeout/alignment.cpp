@@ -4,8 +4,9 @@
 #include <cmath>
 #include <limits>
 
-namespace stakeout {
+#include "common/text.h"
 
+namespace stakeout {
 namespace {
 
 constexpr double kFullTurn = 6.283185307179586;
@@ -13,6 +14,9 @@ constexpr double kFullTurn = 6.283185307179586;
 // Points that are on a line but for the rounding of their coordinates make a circle of some size. No road is that
 // straight and yet an arc.
 constexpr double kLargestRadius = 1e7;
+
+constexpr double kMostStakes = 1e5;
+constexpr double kLongestAxis = 200e3;  // more is a wrong digit, and would make millions of stakes
 
 // 90 degrees to the right of a direction.
 Point to_the_right(const Point& direction) { return Point(direction.y(), -direction.x()); }
@@ -138,16 +142,21 @@ Alignment::Alignment(const RoadPlan& plan) {
     element.station = station;
     start = element.end;
     station = element.end_station();
+    const double length = station - plan.begin_station;
+    if (length > kLongestAxis) {
+      fail(plan.elements[k].place, demo::format("expected an axis of at most %.0f km, found one of %.0f km where this "
+                                                "element ends",
+                                                kLongestAxis / 1e3, length / 1e3));
+    }
     elements_.push_back(element);
   }
 }
 
 AxisPoint Alignment::at(double station) const {
-  std::size_t k = 0;
-  while (k + 1 < elements_.size() && station >= elements_[k + 1].station) {
-    ++k;
-  }
-  return elements_[k].at(station - elements_[k].station);
+  const auto behind = std::upper_bound(elements_.begin() + 1, elements_.end(), station,
+                                       [](double s, const Element& element) { return s < element.station; });
+  const Element& element = *(behind - 1);
+  return element.at(station - element.station);
 }
 
 double Alignment::kink(std::size_t k) const {
@@ -180,6 +189,12 @@ ClosestPoint Alignment::closest(const Point& p) const {
 }
 
 std::vector<double> stake_stations(const RoadPlan& plan, const Alignment& alignment) {
+  const double length = alignment.end_station() - alignment.begin_station();
+  if (length / plan.interval > kMostStakes) {
+    fail(plan.interval_place, demo::format("expected an interval of at least %.1f m for a road of %.0f m, or more than "
+                                           "%.0f stakes would stand on it",
+                                           std::ceil(length / kMostStakes * 10.0) / 10.0, length, kMostStakes));
+  }
   std::vector<double> stations;
   for (const Element& element : alignment.elements()) {
     stations.push_back(element.station);

@@ -42,7 +42,7 @@ struct ClosestPoint {
 
 class Alignment {
 public:
-  // Throws InputError where the points of an element make none.
+  // Throws InputError where the points of an element make none, and where the axis becomes longer than 200 km.
   explicit Alignment(const RoadPlan& plan);
 
   const std::vector<Element>& elements() const { return elements_; }
@@ -63,15 +63,16 @@ private:
   std::vector<Element> elements_;
 };
 
-// A stake of the road: a station and an offset to the right of the axis, negative to the left.
+// A stake of the road.
 struct Stake {
   double station;
-  double offset;
+  double offset;  // to the right of the axis; negative to the left
   Point point;
   double azimuth;  // of the axis, clockwise from north, 0 to a full turn
 };
 
-// Where stakes stand: at the main points and at the multiples of the interval in between, in order.
+// Where stakes stand: at the main points and at the multiples of the interval in between, in order. Throws InputError
+// when they are more than 100,000.
 std::vector<double> stake_stations(const RoadPlan& plan, const Alignment& alignment);
 
 Stake make_stake(const Alignment& alignment, double station, double offset);

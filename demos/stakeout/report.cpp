@@ -2,12 +2,14 @@
 
 #include <cmath>
 
+#include "common/text.h"
 #include "parcel.h"
-#include "text.h"
+#include "station_text.h"
 
 namespace stakeout {
-
 namespace {
+
+using demo::format;
 
 constexpr double kSecondsPerRadian = 206264.80624709636;
 
@@ -55,19 +57,17 @@ std::string bend_table(const RoadPlan& plan, const Alignment& alignment) {
 }
 
 std::string stake_line(const RoadPlan& plan, const Stake& stake) {
-  const char side = stake.offset < 0.0 ? 'L' : stake.offset > 0.0 ? 'R' : ' ';
-  return format("  %s  %c %7.3f  %12.3f  %12.3f  %s\n", station_text(stake.station, 3).c_str(), side,
-                std::fabs(stake.offset), north(plan, stake.point), east(plan, stake.point),
-                dms_text(stake.azimuth).c_str());
+  return format("  %s  %9.3f  %12.3f  %12.3f  %s\n", station_text(stake.station, 3).c_str(), stake.offset,
+                north(plan, stake.point), east(plan, stake.point), dms_text(stake.azimuth).c_str());
 }
 
 std::string stake_table(const RoadPlan& plan, const Alignment& alignment) {
-  std::string text = heading(format("Stakes every %g m and at the main points (offsets: L left, R right of the axis)",
-                                    plan.interval)) +
-                     format("  %-9s  %9s  %12s  %12s  %11s\n", "station", "offset", "northing", "easting", "azimuth");
+  std::string text =
+      heading(format("Stakes every %g m and at the main points (offsets to the right of the axis)", plan.interval)) +
+      format("  %-9s  %9s  %12s  %12s  %11s\n", "station", "offset", "northing", "easting", "azimuth");
   for (const double station : stake_stations(plan, alignment)) {
-    if (plan.offset_left > 0.0) {
-      text += stake_line(plan, make_stake(alignment, station, -plan.offset_left));
+    if (plan.offset_left < 0.0) {
+      text += stake_line(plan, make_stake(alignment, station, plan.offset_left));
     }
     text += stake_line(plan, make_stake(alignment, station, 0.0));
     if (plan.offset_right > 0.0) {

@@ -1,97 +1,81 @@
 #include "road_plan.h"
 
 #include <cmath>
-#include <fstream>
+#include <set>
+
+#include "common/text.h"
+#include "parcel.h"
 
 namespace stakeout {
-
 namespace {
+
+using demo::Record;
+
+// Bounds of what a surveyor stakes out, in metres. More is a wrong digit.
+constexpr double kFarthestStation = 1e7;
+constexpr double kLargestCoordinate = 1e8;
+constexpr double kFarthestPoint = 100e3;  // from BEGIN
+constexpr double kFarthestOffset = 1000.0;
+constexpr double kShortestInterval = 0.1;
+constexpr std::size_t kMostCorners = 2000;
 
 class Reader {
 public:
-  explicit Reader(const std::string& name) { plan_.place.file = name; }
-
-  void read(std::istream& input) {
-    std::string text;
-    Place place = plan_.place;
-    while (std::getline(input, text)) {
-      ++place.line;
-      Record record(place, text);
-      if (!record.empty()) {
-        read(record);
+  void read(Record& record) {
+    for (const RecordType& known : kTypes) {
+      if (record.type() == known.type) {
+        if (known.layout != nullptr) {
+          record.expect_layout(known.layout);
+        }
+        (this->*known.read)(record);
+        return;
       }
     }
-    last_ = place;
+    std::string types;
+    for (const RecordType& known : kTypes) {
+      types += (types.empty() ? "" : ", ") + std::string(known.type);
+    }
+    record.fail("expected one of the record types " + types + ", found \"" + record.type() + "\"");
   }
 
-  RoadPlan finish() {
+  RoadPlan finish(const Place& end) {
     if (!begun_) {
-      fail(last_, "expected BEGIN before the end of the file");
+      demo::fail(end, "expected BEGIN before the end of the file");
     }
     if (plan_.elements.empty()) {
-      fail(last_, "expected at least one element after BEGIN (TANGENT, ARC3, ARC_FROM_TANGENT, ARC_TO_TANGENT)");
+      demo::fail(end, "expected at least one element after BEGIN (TANGENT, ARC3, ARC_FROM_TANGENT, ARC_TO_TANGENT)");
     }
-    if (!plan_.parcel.empty() && plan_.parcel.size() < 3) {
-      fail(last_, "expected at least three CORNER records, found " + std::to_string(plan_.parcel.size()));
-    }
+    check_parcel(end);
     return plan_;
   }
 
 private:
-  void read(Record& record) {
-    const std::string& keyword = record.keyword();
-    if (keyword == "ROAD") {
-      plan_.title = record.rest();
-    } else if (keyword == "BEGIN") {
-      read_begin(record);
-    } else if (keyword == "TANGENT") {
-      read_element(record, ElementKind::kTangent);
-    } else if (keyword == "ARC3") {
-      read_element(record, ElementKind::kArcThroughPoint);
-    } else if (keyword == "ARC_FROM_TANGENT") {
-      read_element(record, ElementKind::kArcFromTangent);
-    } else if (keyword == "ARC_TO_TANGENT") {
-      read_element(record, ElementKind::kArcToTangent);
-    } else if (keyword == "INTERVAL") {
-      read_interval(record);
-    } else if (keyword == "OFFSETS") {
-      record.expect({"left", "right"});
-      plan_.offset_left = record.number_not_negative();
-      plan_.offset_right = record.number_not_negative();
-    } else if (keyword == "ASBUILT") {
-      read_as_built(record);
-    } else if (keyword == "CORNER") {
-      record.expect({"name", "north", "east"});
-      const std::string name = record.word();
-      plan_.parcel.push_back({name, read_point(record)});
-    } else {
-      fail(record.place(),
-           "expected ROAD, BEGIN, TANGENT, ARC3, ARC_FROM_TANGENT, ARC_TO_TANGENT, INTERVAL, OFFSETS, ASBUILT or "
-           "CORNER, found \"" +
-               keyword + "\"");
-    }
-  }
+  struct RecordType {
+    const char* type;
+    const char* layout;  // null: free text
+    void (Reader::*read)(Record&);
+  };
+  static const RecordType kTypes[10];
+
+  void read_title(Record& record) { plan_.title = record.rest(); }
 
   void read_begin(Record& record) {
     if (begun_) {
-      fail(record.place(), "expected one BEGIN, found a second");
+      record.fail("expected one BEGIN, found a second");
     }
     begun_ = true;
-    plan_.place = record.place();
-    record.expect({"station", "north", "east"});
-    plan_.begin_station = record.number_not_negative();
-    const double north = record.number();
-    const double east = record.number();
-    plan_.origin = Point(std::floor(east), std::floor(north));
-    plan_.begin = Point(Point(east, north) - plan_.origin);
+    plan_.begin_station = record.number_between(0.0, kFarthestStation);
+    const Point begin = read_coordinates(record);
+    plan_.origin = Point(std::floor(begin.x()), std::floor(begin.y()));
+    plan_.begin = Point(begin - plan_.origin);
   }
 
+  void read_tangent(Record& record) { read_element(record, ElementKind::kTangent); }
+  void read_arc(Record& record) { read_element(record, ElementKind::kArcThroughPoint); }
+  void read_arc_from_tangent(Record& record) { read_element(record, ElementKind::kArcFromTangent); }
+  void read_arc_to_tangent(Record& record) { read_element(record, ElementKind::kArcToTangent); }
+
   void read_element(Record& record, ElementKind kind) {
-    if (kind == ElementKind::kArcThroughPoint) {
-      record.expect({"north on the arc", "east on the arc", "north of its end", "east of its end"});
-    } else {
-      record.expect({"north", "east"});
-    }
     ElementRequest element{kind, record.place(), Point(0.0), Point(0.0)};
     if (kind == ElementKind::kArcThroughPoint) {
       element.via = read_point(record);
@@ -101,54 +85,100 @@ private:
   }
 
   void read_interval(Record& record) {
-    record.expect({"metres"});
-    plan_.interval = record.number_not_negative();
-    if (plan_.interval < 0.1) {
-      fail(record.place(), "expected an interval of at least 0.1 m");
-    }
+    plan_.interval_place = record.place();
+    plan_.interval = record.number_between(kShortestInterval, kFarthestPoint);
+  }
+
+  void read_offsets(Record& record) {
+    plan_.offset_left = record.number_between(-kFarthestOffset, 0.0);
+    plan_.offset_right = record.number_between(0.0, kFarthestOffset);
   }
 
   void read_as_built(Record& record) {
-    record.expect({"name", "north", "east", "design offset"});
-    const std::string name = record.word();
+    const std::string name = read_new_name(record, as_built_names_);
     const Point point = read_point(record);
-    plan_.as_built.push_back({name, point, record.number()});
+    plan_.as_built.push_back({name, point, record.number_between(-kFarthestPoint, kFarthestPoint)});
+  }
+
+  void read_corner(Record& record) {
+    if (plan_.parcel.size() == kMostCorners) {
+      record.fail(demo::format("expected at most %zu CORNER records", kMostCorners));
+    }
+    const std::string name = read_new_name(record, corner_names_);
+    plan_.parcel.push_back({record.place(), name, read_point(record)});
+  }
+
+  static std::string read_new_name(Record& record, std::set<std::string>& names) {
+    std::string name = record.text();
+    if (!names.insert(name).second) {
+      record.fail_at_field("another name than those of the " + record.type() + " records before");
+    }
+    return name;
+  }
+
+  static Point read_coordinates(Record& record) {
+    const double north = record.number_between(-kLargestCoordinate, kLargestCoordinate);
+    const double east = record.number_between(-kLargestCoordinate, kLargestCoordinate);
+    return Point(east, north);
   }
 
   // Coordinates are reduced to the origin, which BEGIN sets. The difference of numbers so close is exact.
   Point read_point(Record& record) {
     if (!begun_) {
-      fail(record.place(), "expected BEGIN before " + record.keyword());
+      record.fail("expected BEGIN before " + record.type());
     }
-    const double north = record.number();
-    const double east = record.number();
-    const Point point(Point(east, north) - plan_.origin);
-    constexpr double kFarthest = 1e6;  // metres; a transposed or a missing digit more likely than a road
-    if (std::fabs(point.x()) > kFarthest || std::fabs(point.y()) > kFarthest) {
-      fail(record.place(), "expected a point within 1000 km of BEGIN");
+    const Point point(read_coordinates(record) - plan_.origin);
+    if (std::fabs(point.x()) > kFarthestPoint || std::fabs(point.y()) > kFarthestPoint) {
+      record.fail(demo::format("expected a point within %.0f km of BEGIN", kFarthestPoint / 1000.0));
     }
     return point;
   }
 
+  void check_parcel(const Place& end) const {
+    const std::vector<Corner>& corners = plan_.parcel;
+    if (corners.empty()) {
+      return;
+    }
+    if (corners.size() < 3) {
+      demo::fail(end, demo::format("expected at least three CORNER records, found %zu", corners.size()));
+    }
+    const SidePair pair = find_crossing(corners);
+    if (pair.first < corners.size()) {
+      const auto side = [&](std::size_t k) { return corners[k].name + "-" + corners[(k + 1) % corners.size()].name; };
+      demo::fail(corners[pair.second].place, "expected the sides of the parcel to meet at its corners alone, found " +
+                                                 side(pair.second) + " crossing or touching " + side(pair.first));
+    }
+  }
+
   RoadPlan plan_;
   bool begun_ = false;
-  Place last_;
+  std::set<std::string> as_built_names_;
+  std::set<std::string> corner_names_;
+};
+
+const Reader::RecordType Reader::kTypes[10] = {
+    {"ROAD", nullptr, &Reader::read_title},
+    {"BEGIN", "station north east", &Reader::read_begin},
+    {"TANGENT", "north east", &Reader::read_tangent},
+    {"ARC3", "north_on_arc east_on_arc north_of_end east_of_end", &Reader::read_arc},
+    {"ARC_FROM_TANGENT", "north east", &Reader::read_arc_from_tangent},
+    {"ARC_TO_TANGENT", "north east", &Reader::read_arc_to_tangent},
+    {"INTERVAL", "metres", &Reader::read_interval},
+    {"OFFSETS", "left right", &Reader::read_offsets},
+    {"ASBUILT", "name north east design_offset", &Reader::read_as_built},
+    {"CORNER", "name north east", &Reader::read_corner},
 };
 
 }  // namespace
 
 RoadPlan read_road_plan(std::istream& input, const std::string& name) {
-  Reader reader(name);
-  reader.read(input);
-  return reader.finish();
+  Reader reader;
+  return reader.finish(demo::for_each_record(input, name, [&reader](Record& record) { reader.read(record); }));
 }
 
 RoadPlan read_road_plan_file(const std::string& path) {
-  std::ifstream input(path);
-  if (!input) {
-    throw InputError(path + ": cannot be read");
-  }
-  return read_road_plan(input, path);
+  Reader reader;
+  return reader.finish(demo::for_each_record_of_file(path, [&reader](Record& record) { reader.read(record); }));
 }
 
 }  // namespace stakeout

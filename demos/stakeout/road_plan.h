@@ -3,19 +3,20 @@
 
 // What the input file says, before anything is constructed.
 
-#include <alidade/points.h>
-
 #include <istream>
 #include <string>
 #include <vector>
 
-#include "record.h"
+#include "common/page.h"
+#include "common/record.h"
 
 namespace stakeout {
 
 // x is east, y is north. Relative to RoadPlan::origin, because constructions in grid coordinates of seven digits would
 // cost the last millimetres.
-using Point = TAbstractPoint2<double>;
+using demo::InputError;
+using demo::Place;
+using demo::Point;
 
 enum class ElementKind { kTangent, kArcThroughPoint, kArcFromTangent, kArcToTangent };
 
@@ -29,23 +30,24 @@ struct ElementRequest {
 struct AsBuiltPoint {
   std::string name;
   Point point;
-  double design_offset;  // to the right of the axis; negative to the left
+  double design_offset;
 };
 
 struct Corner {
+  Place place;
   std::string name;
   Point point;
 };
 
 struct RoadPlan {
-  Place place;  // of BEGIN
   std::string title = "Road";
   Point origin;
   double begin_station = 0.0;
   Point begin;
   std::vector<ElementRequest> elements;
   double interval = 10.0;
-  double offset_left = 3.5;
+  Place interval_place;
+  double offset_left = -3.5;  // to the right of the axis, as all offsets
   double offset_right = 3.5;
   std::vector<AsBuiltPoint> as_built;
   std::vector<Corner> parcel;

@@ -3,13 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "label_placement.h"
+#include "common/text.h"
 #include "parcel.h"
-#include "text.h"
+#include "station_text.h"
 
 namespace stakeout {
-
 namespace {
+
+using demo::box_around;
+using demo::format;
 
 constexpr double kPageWidth = 1240.0;
 constexpr double kLargestDrawing = 1000.0;  // height of the frame
@@ -20,6 +22,9 @@ constexpr double kFooter = 40.0;        // legend and scale bar
 constexpr double kLargestScale = 12.0;  // of a short road, so that its width leaves room for labels
 constexpr double kHalfTurn = 3.141592653589793;
 constexpr double kStationLabelInterval = 50.0;
+constexpr double kMostStationLabels = 60.0;  // on a long road they stand farther apart
+constexpr std::size_t kMostStakes = 2000;    // of a long road every second, third ... is drawn
+constexpr double kMostSteps = 2000.0;        // along a line that labels keep clear of
 
 // From metres, north up, to picture units, y down. Keeps angles.
 class Projection {
@@ -43,13 +48,11 @@ private:
 
 void extend(Box& box, const Point& p) { box |= Box(p, p); }
 
-Box box_around(const Point& p, double half) { return Box(p, p).InflatedBy(half, half); }
-
 // The rectangle that holds all there is to draw; top is the least north.
 Box extent(const RoadPlan& plan, const Alignment& alignment, const std::vector<double>& stations) {
   Box box(plan.begin, plan.begin);
   for (const double station : stations) {
-    extend(box, make_stake(alignment, station, -plan.offset_left).point);
+    extend(box, make_stake(alignment, station, plan.offset_left).point);
     extend(box, make_stake(alignment, station, plan.offset_right).point);
   }
   for (const AsBuiltPoint& p : plan.as_built) {
@@ -83,15 +86,8 @@ Path parallel_path(const Alignment& alignment, double offset, const Projection& 
 
 Segment across(const RoadPlan& plan, const Alignment& alignment, double station, double beyond,
                const Projection& project) {
-  return {project(make_stake(alignment, station, -plan.offset_left - beyond).point),
+  return {project(make_stake(alignment, station, plan.offset_left - beyond).point),
           project(make_stake(alignment, station, plan.offset_right + beyond).point)};
-}
-
-// 1, 2 or 5 times a power of ten, near the length given.
-double round_length(double metres) {
-  const double power = std::pow(10.0, std::floor(std::log10(metres)));
-  const double mantissa = metres / power;
-  return power * (mantissa < 1.5 ? 1.0 : mantissa < 3.5 ? 2.0 : mantissa < 7.5 ? 5.0 : 10.0);
 }
 
 std::string trimmed(const std::string& text) { return text.substr(std::min(text.find_first_not_of(' '), text.size())); }
@@ -126,11 +122,11 @@ private:
     return to_the_right(station);
   }
 
-  double road_clearance() const { return std::max(plan_.offset_left, plan_.offset_right) * project_.scale() + 8.0; }
+  double road_clearance() const { return std::max(-plan_.offset_left, plan_.offset_right) * project_.scale() + 8.0; }
 
-  void request(LabelStyle style, const std::string& text, const Point& anchor, const Point& preferred,
+  void request(const LabelStyle& style, const std::string& text, const Point& anchor, const Point& preferred,
                double clearance) {
-    requests_.push_back({style, text, anchor, preferred, clearance});
+    requests_.push_back({style, text, anchor, clearance, preferred});
   }
 
   void request_main_points() {
@@ -139,7 +135,7 @@ private:
       const bool last = k == elements.size();
       const double station = last ? alignment_.end_station() : elements[k].station;
       const std::string name = k == 0 ? "Begin " : last ? "End " : "";
-      request(LabelStyle::kMainPoint, name + station_text(station, 3), project_(alignment_.at(station).point),
+      request(kMainPointStyle, name + station_text(station, 3), project_(alignment_.at(station).point),
               Point(-outwards(station)), road_clearance() + 4.0);
     }
   }
@@ -151,7 +147,7 @@ private:
           e.is_arc
               ? format("R = %.3f, L = %.3f, %s", e.arc.radius, e.length, e.turns_right ? "right" : "left")
               : format("L = %.3f, azimuth %s", e.length, trimmed(dms_text(azimuth_of(e.at(0.0).direction))).c_str());
-      request(LabelStyle::kElement, text, project_(alignment_.at(middle).point), Point(-outwards(middle)),
+      request(kElementStyle, text, project_(alignment_.at(middle).point), Point(-outwards(middle)),
               road_clearance() + 6.0);
     }
   }
@@ -162,10 +158,11 @@ private:
     }
     const Parcel parcel = measure_parcel(plan_.parcel);
     const Point centre = project_(parcel.centroid);
-    request(LabelStyle::kParcel, format("Parcel %.1f m\u00b2", parcel.area), centre, Point(0.0), 0.0);
+    request(kParcelStyle, format("Parcel %.1f m\u00b2", parcel.area), centre, Point(0.0), 0.0);
+    requests_.back().centred = true;
     for (std::size_t i = 0; i < plan_.parcel.size(); ++i) {
       const Point away(drawing_.parcel[i] - centre);
-      request(LabelStyle::kParcel, plan_.parcel[i].name, drawing_.parcel[i], Point(away / away.Module()), 5.0);
+      request(kParcelStyle, plan_.parcel[i].name, drawing_.parcel[i], Point(away / away.Module()), 5.0);
     }
   }
 
@@ -174,18 +171,21 @@ private:
       const ClosestPoint closest = alignment_.closest(p.point);
       const Point right = to_the_right(closest.station);
       const std::string text = format("%s %+.0f mm", p.name.c_str(), (closest.offset - p.design_offset) * 1000.0);
-      request(LabelStyle::kAsBuilt, text, project_(p.point), closest.offset < 0.0 ? Point(-right) : right, 9.0);
+      request(kAsBuiltStyle, text, project_(p.point), closest.offset < 0.0 ? Point(-right) : right, 9.0);
     }
   }
 
   void request_stations() {
-    const double first = std::ceil(alignment_.begin_station() / kStationLabelInterval);
-    for (double k = first; k * kStationLabelInterval <= alignment_.end_station(); ++k) {
-      const double station = k * kStationLabelInterval;
+    const double length = alignment_.end_station() - alignment_.begin_station();
+    const double interval =
+        kStationLabelInterval * std::max(1.0, std::ceil(length / (kStationLabelInterval * kMostStationLabels)));
+    const double first = std::ceil(alignment_.begin_station() / interval);
+    for (double k = first; k * interval <= alignment_.end_station(); ++k) {
+      const double station = k * interval;
       if (is_main_point(station)) {
         continue;  // has a label of its own
       }
-      request(LabelStyle::kStation, station_text(station, 0), project_(alignment_.at(station).point), outwards(station),
+      request(kStationStyle, station_text(station, 0), project_(alignment_.at(station).point), outwards(station),
               road_clearance());
     }
   }
@@ -197,33 +197,37 @@ private:
            std::fabs(alignment_.end_station() - station) < 1.0;
   }
 
-  Obstacles obstacles() const {
-    Obstacles obstacles;
+  // Points along a line, some pixels apart, as boxes.
+  static void avoid(demo::Obstacles& obstacles, const Segment& line) {
+    const Point along(line.to - line.from);
+    const double steps = std::clamp(std::ceil(along.Module() / 4.0), 1.0, kMostSteps);
+    for (double k = 0.0; k <= steps; ++k) {
+      obstacles.soft.emplace_back(box_around(Point(line.from + along * (k / steps)), 1.0, 1.0), 8.0);
+    }
+  }
+
+  demo::Obstacles obstacles() const {
+    demo::Obstacles obstacles;
     obstacles.frame = drawing_.frame.InflatedBy(-4.0, -4.0);
     const double half = road_clearance() - 5.0;
-    for (double s = alignment_.begin_station(); s <= alignment_.end_station(); s += 4.0 / project_.scale()) {
-      obstacles.solid.push_back(box_around(project_(alignment_.at(s).point), half));
+    const double length = alignment_.end_station() - alignment_.begin_station();
+    const double steps = std::clamp(std::ceil(length * project_.scale() / 4.0), 1.0, kMostSteps);
+    for (double k = 0.0; k <= steps; ++k) {
+      const Point p = project_(alignment_.at(alignment_.begin_station() + length * (k / steps)).point);
+      obstacles.solid.push_back(box_around(p, half, half));
     }
     for (const Point& p : drawing_.as_built) {
-      obstacles.solid.push_back(box_around(p, 5.0));
+      obstacles.solid.push_back(box_around(p, 5.0, 5.0));
     }
-    obstacles.solid.push_back(Box(Point(drawing_.north_arrow.x() - 22.0, drawing_.north_arrow.y() - 22.0),
-                                  Point(drawing_.north_arrow.x() + 22.0, drawing_.north_arrow.y() + 64.0)));
-    obstacles.solid.push_back(
-        Box(Point(drawing_.scale_bar.x() - 8.0, drawing_.scale_bar.y() - 24.0),
-            Point(drawing_.scale_bar.x() + drawing_.scale_bar_length + 40.0, drawing_.scale_bar.y() + 26.0)));
+    const Point& arrow = drawing_.north_arrow;
+    const Point& bar = drawing_.scale_bar;
+    obstacles.solid.emplace_back(arrow.x() - 22.0, arrow.y() - 22.0, arrow.x() + 22.0, arrow.y() + 64.0);
+    obstacles.solid.emplace_back(bar.x() - 8.0, bar.y() - 24.0, bar.x() + kScaleBar + 60.0, bar.y() + 26.0);
     for (std::size_t i = 0; i < drawing_.parcel.size(); ++i) {
-      const Point& a = drawing_.parcel[i];
-      const Point step(drawing_.parcel[(i + 1) % drawing_.parcel.size()] - a);
-      for (double t = 0.0; t <= 1.0; t += 4.0 / std::max(4.0, step.Module())) {
-        obstacles.sparing.push_back(box_around(Point(a + step * t), 1.0));
-      }
+      avoid(obstacles, {drawing_.parcel[i], drawing_.parcel[(i + 1) % drawing_.parcel.size()]});
     }
     for (const Segment& s : drawing_.perpendiculars) {
-      const Point step(s.to - s.from);
-      for (double t = 0.0; t <= 1.0; t += 4.0 / std::max(4.0, step.Module())) {
-        obstacles.sparing.push_back(box_around(Point(s.from + step * t), 1.0));
-      }
+      avoid(obstacles, s);
     }
     return obstacles;
   }
@@ -232,7 +236,7 @@ private:
   const Alignment& alignment_;
   const Projection& project_;
   const SitePlan& drawing_;
-  std::vector<LabelRequest> requests_;
+  std::vector<demo::LabelRequest> requests_;
 };
 
 }  // namespace
@@ -246,8 +250,9 @@ SitePlan make_site_plan(const RoadPlan& plan, const Alignment& alignment) {
                 (kLargestDrawing - 2.0 * kInnerMargin - kFooter) / std::max(metres.Height(), 1.0), kLargestScale});
   SitePlan drawing{};
   drawing.title = plan.title;
-  drawing.subtitle = format("Stakes every %g m, %.2f m left and %.2f m right of the axis; station labels in metres",
+  drawing.subtitle = format("Stakes every %g m, at the offsets %+.2f m and %+.2f m (right of the axis is positive)",
                             plan.interval, plan.offset_left, plan.offset_right);
+  drawing.scale = scale;
   drawing.width = kPageWidth;
   const double frame_height = metres.Height() * scale + 2.0 * kInnerMargin + kFooter;
   drawing.height = kTitleHeight + frame_height + kMargin;
@@ -259,10 +264,11 @@ SitePlan make_site_plan(const RoadPlan& plan, const Alignment& alignment) {
     drawing.parcel.push_back(project(corner.point));
   }
   drawing.axis = parallel_path(alignment, 0.0, project);
-  drawing.edges.push_back(parallel_path(alignment, -plan.offset_left, project));
+  drawing.edges.push_back(parallel_path(alignment, plan.offset_left, project));
   drawing.edges.push_back(parallel_path(alignment, plan.offset_right, project));
-  for (const double station : stations) {
-    const Segment stake = across(plan, alignment, station, 0.0, project);
+  const std::size_t step = 1 + stations.size() / kMostStakes;
+  for (std::size_t k = 0; k < stations.size(); k += step) {
+    const Segment stake = across(plan, alignment, stations[k], 0.0, project);
     drawing.stakes.push_back(stake);
     drawing.stake_marks.push_back(stake.from);
     drawing.stake_marks.push_back(stake.to);
@@ -274,14 +280,12 @@ SitePlan make_site_plan(const RoadPlan& plan, const Alignment& alignment) {
   for (const AsBuiltPoint& p : plan.as_built) {
     const ClosestPoint closest = alignment.closest(p.point);
     drawing.as_built.push_back(project(p.point));
-    if (std::fabs(closest.offset) > 2.0 * std::max(plan.offset_left, plan.offset_right)) {
+    if (std::fabs(closest.offset) > 2.0 * std::max(-plan.offset_left, plan.offset_right)) {
       drawing.perpendiculars.push_back({project(p.point), project(closest.foot)});
     }
   }
   drawing.north_arrow = Point(drawing.frame.left() + 40.0, drawing.frame.top() + 34.0);
-  drawing.scale_bar_metres = round_length(kRoom / scale / 8.0);
-  drawing.scale_bar_length = drawing.scale_bar_metres * scale;
-  drawing.scale_bar = Point(drawing.frame.right() - drawing.scale_bar_length - 50.0, drawing.frame.bottom() - 20.0);
+  drawing.scale_bar = Point(drawing.frame.right() - kScaleBar - 60.0, drawing.frame.bottom() - 14.0);
   drawing.legend = Point(drawing.frame.left() + 30.0, drawing.frame.bottom() - 17.0);
   drawing.labels = Labels(plan, alignment, project, drawing).place();
   return drawing;

@@ -3,16 +3,26 @@
 
 // The drawing, laid out in picture units (x to the right, y down) but not yet written in any language.
 
-#include <alidade/points.h>
-
 #include <string>
 #include <vector>
 
 #include "alignment.h"
+#include "common/label_placement.h"
+#include "common/page.h"
 
 namespace stakeout {
 
-using Box = TAbstractRect<double>;
+using demo::Box;
+using demo::Label;
+using demo::LabelStyle;
+using demo::Segment;
+
+constexpr LabelStyle kStationStyle{"label-station", 11, false};
+constexpr LabelStyle kMainPointStyle{"label-main", 12, true};
+constexpr LabelStyle kElementStyle{"label-element", 12, false};
+constexpr LabelStyle kAsBuiltStyle{"label-asbuilt", 11, false};
+constexpr LabelStyle kParcelStyle{"label-parcel", 13, true};
+constexpr double kScaleBar = 160;  // pixels at most
 
 // Consecutive straights and arcs, to be drawn as one line.
 struct PathStep {
@@ -28,26 +38,12 @@ struct Path {
   std::vector<PathStep> steps;
 };
 
-struct Segment {
-  Point from;
-  Point to;
-};
-
-enum class LabelStyle { kStation, kMainPoint, kElement, kAsBuilt, kParcel };
-
-struct Label {
-  LabelStyle style;
-  std::string text;
-  Box box;       // the text stands in it, from edge to edge
-  Point anchor;  // what it names
-  bool leader;   // a line joins the two
-};
-
 struct SitePlan {
   std::string title;
   std::string subtitle;
   double width;
   double height;
+  double scale;  // pixels per metre
   Box frame;
   std::vector<Point> parcel;
   Path axis;
@@ -60,9 +56,7 @@ struct SitePlan {
   std::vector<Label> labels;
   Point north_arrow;  // its tip
   Point scale_bar;    // its left end
-  double scale_bar_length;
-  double scale_bar_metres;
-  Point legend;  // left end of its line
+  Point legend;       // left end of its line
 };
 
 SitePlan make_site_plan(const RoadPlan& plan, const Alignment& alignment);
