@@ -36,9 +36,9 @@ enum EnvironmentFault : unsigned {
 ///
 /// MinGW's fesetenv does not reach the SSE unit; there `_mm_setcsr(0x1f80)` does it.
 ///
-/// Method: the operations that would go wrong are carried out and their results looked at; no control register is
-/// read, so the answer is the same kind of evidence on every processor. Exception flags and the host's trap settings
-/// are afterwards as before, and no trap is taken. Never fails; reads and writes no memory of the host.
+/// Never fails; reads and writes no memory of the host. Exception flags and the host's trap settings are afterwards as
+/// before, and no trap is taken. Method: the operations that would go wrong are carried out and their results looked
+/// at; no control register is read, so the answer is the same kind of evidence on every processor.
 /// Bits: class C (it reports the host's settings).
 ALIDADE_API unsigned environment_faults();
 

@@ -148,7 +148,9 @@ public:
   /// Sets all elements to 0.0 when n is 0; any other n changes nothing (deliberate, see the table at the head).
   covar& operator=(int n);
 
-  /// Packed position of element (i, j), by the formula above: (1) `LinearIndex(i, j) == LinearIndex(j, i)`.
+  /// Packed position of element (i, j), by the formula above.
+  ///
+  /// (1) `LinearIndex(i, j) == LinearIndex(j, i)`.
   static int LinearIndex(int i, int j);
 
   /// Element at packed position k, 0 to 5.

@@ -46,6 +46,9 @@
 /// size.
 ///
 /// **Overlap.** Unless a comment allows it, arguments must not overlap.
+///
+/// **Bits.** Class A (only + - * / sqrt and comparisons, the same bits on every IEEE 754 machine) unless a comment says
+/// otherwise.
 
 #include <alidade/export.h>
 
@@ -97,7 +100,9 @@ public:
   /// The packed elements.
   operator double const*() const { return data_; }
 
-  /// Packed position of element (i, j), by the formula at the head: (1) `LinearIndex(i, j) == LinearIndex(j, i)`.
+  /// Packed position of element (i, j), by the formula at the head.
+  ///
+  /// (1) `LinearIndex(i, j) == LinearIndex(j, i)`.
   static int LinearIndex(int i, int j);
 
   /// Number of packed elements in use, Dim1 (Dim1 + 1)/2. **Not the order**, which is GetDim1.
@@ -535,6 +540,13 @@ ALIDADE_API void MATRopR1_R2_R3t(TMatrix& T, char op, const TMatrix& R1, const T
 /// positive definite: parameter k is not determined by those before it and the observations. With rounding a singular
 /// matrix may also pass, with a very large inverse: compare the diagonal with what is plausible.
 ///
+/// Progress: with b the value at entry, t = span (1/3) and u = ((t/n)/n)/n, for every k that is a multiple of 8:
+/// b + (t - (n - k + 1)^3 u) at the start of column k of the factorisation, (b + t) + k^3 u at the start of row k of
+/// the second phase, ((b + t) + t) + k^3 u after row k of the third; plus 0.5, truncated towards zero, at most 99.
+/// Below order 8 it is never written, and the final value is the caller's to set. Each value is stored as a whole
+/// (relaxed, as an atomic int would be): another thread may watch *progress if it reads it atomically, too, as with
+/// `__atomic_load_n` or through `std::atomic_ref`. What it sees orders nothing else.
+///
 /// Method: N = L L' column by column with reciprocal square roots of the pivots, inversion of L by rows, and the
 /// product of the inverse factor's transpose with itself (Golub and Van Loan, Matrix Computations, 4th ed., 4.2
 /// and 3.1; Higham, Accuracy and Stability of Numerical Algorithms, 2nd ed., 14.2). An element that is exactly 0.0 or
@@ -543,13 +555,6 @@ ALIDADE_API void MATRopR1_R2_R3t(TMatrix& T, char op, const TMatrix& R1, const T
 /// blocks. A NaN counts as nonzero.
 ///
 /// Accuracy: norm(I - N X) < 30 n eps norm(N) norm(X) in the 1-norm, the threshold of Reference LAPACK's own tests.
-///
-/// Progress: with b the value at entry, t = span (1/3) and u = ((t/n)/n)/n, for every k that is a multiple of 8:
-/// b + (t - (n - k + 1)^3 u) at the start of column k of the factorisation, (b + t) + k^3 u at the start of row k of
-/// the second phase, ((b + t) + t) + k^3 u after row k of the third; plus 0.5, truncated towards zero, at most 99.
-/// Below order 8 it is never written, and the final value is the caller's to set. Each value is stored as a whole
-/// (relaxed, as an atomic int would be): another thread may watch *progress if it reads it atomically, too, as with
-/// `__atomic_load_n` or through `std::atomic_ref`. What it sees orders nothing else.
 ///
 /// Allocates work arrays of O(n) elements; a failure to do so throws what the platform's new throws. Bits: class A.
 ALIDADE_API int RareInversion(TSMatrix& N, int* progress, int span);

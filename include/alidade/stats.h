@@ -58,14 +58,16 @@ ALIDADE_API void CHI_2SDE(int level, int df, float* const out);  // NOLINT(reada
 /// Method: A. J. Pope (1976), The statistics of residuals and the detection of outliers, NOAA Technical Report NOS 65
 /// NGS 1: tau = sqrt(f) r, r = t/sqrt(t^2 + f - 1), t the two-sided Student quantile with f - 1 degrees of freedom. t
 /// is started from Abramowitz and Stegun (1964) 26.2.23 and 26.7.5, r refined by Newton's method on the closed
-/// distribution, 26.7.3 and 26.7.4. For f <= 2: sqrt(2) sin(pi P/2), P the confidence of one test.
+/// distribution, 26.7.3 and 26.7.4. The last Newton step, below 1e-10, is not applied, nor one that is more than half
+/// of the step before: the iteration then diverges or has reached the rounding. For f <= 2: sqrt(2) sin(pi P/2), P the
+/// confidence of one test.
 ///
 /// Accuracy: sqrt(f) (1e-10 + (2e-14 + (f/2 + 10) 2^-52)/D) with D the density of r, as long as the level of one test
 /// is 1e-9 or more; below 1e-8 for alpha from 0.001, n up to 1000 and f up to 3000. Smaller levels cost digits: for f
 /// up to 3000 the error is below 2e-6 down to a level of 1e-9, 2e-5 to 1e-10, 3e-4 to 1e-11 and 2e-3 to 1e-12 (as
 /// measured). Below that the function is of no use: the confidence rounds to 1, the refinement stops anywhere and may
-/// give NaN. The last Newton step, below 1e-10, is not applied, nor one that is more than half of the step before: the
-/// iteration then diverges or has reached the rounding. Bits: class B (log, atan, sin, pow).
+/// give NaN. Bits: class B (log, atan, sin,
+/// pow).
 ALIDADE_API double TAU(int n, int f, double alpha);
 
 /// Accuracy class of an RMS figure.

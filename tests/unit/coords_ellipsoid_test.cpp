@@ -83,6 +83,7 @@ TEST(CoordXyz2Blh, Equator) {
   EXPECT_NEAR(south_of_zero.l, 4.71238898038469, 1e-15);
 }
 
+// GeoCoord::xyz2blh (2).
 TEST(CoordXyz2Blh, PolarAxis) {
   const GeoCoord north(0, 0, kPolarRadius);
   CHECK_BITS(north.b, kHalfPi);
@@ -95,6 +96,7 @@ TEST(CoordXyz2Blh, PolarAxis) {
   EXPECT_EQ(bits::of(kHalfPi), 0x3FF921FB54442D18U);
 }
 
+// GeoCoord::xyz2blh (1).
 TEST(CoordXyz2Blh, Centre) {
   for (const double z : {0.0, -0.0}) {
     const GeoCoord centre(0, 0, z);
@@ -120,6 +122,7 @@ TEST(CoordXyz2Blh, ThresholdOfTheAxisIsStrict) {
   CHECK_BITS(GeoCoord(0, -1.1e-10, 5000).l, -kHalfPi + 6.283185307179586);
 }
 
+// GeoCoord::xyz2blh (3).
 TEST(CoordXyz2Blh, LongitudeIsShiftedOnlyBelowZero) {
   CHECK_BITS(GeoCoord(6378137, -0.0, 0).l, -0.0);
   CHECK_BITS(GeoCoord(-6378137, 0.0, 0).l, 3.141592653589793);
@@ -198,6 +201,7 @@ TEST(CoordXyz2Blh, StepOfExactlyTheToleranceEndsTheIteration) {
   CHECK_BITS(g.b, std::atan(t));
 }
 
+// GeoCoord::xyz2blh (4).
 TEST(CoordXyz2Blh, EndsForNaNAndInfinity) {
   for (const double x : {0.0, 1.0, 6378137.0, kInfinity, -kInfinity, kNaN}) {
     for (const double y : {0.0, -1.0, kInfinity, -kInfinity, kNaN}) {

@@ -20,6 +20,7 @@ void check(const covar& v, const double (&expected)[6]) {
   }
 }
 
+// covar::LinearIndex (1).
 TEST(Covar, LinearIndexIsSymmetric) {
   EXPECT_EQ(covar::LinearIndex(0, 0), 0);
   EXPECT_EQ(covar::LinearIndex(2, 1), 4);

@@ -8,6 +8,7 @@ namespace {
 
 TEST(Products, DenseEqualTheReference) { product_cases::compare_dense_products(); }
 
+// SMatrProduct (1), SMatrProduct (2) and SMatrProduct (3), in all sizes.
 TEST(Products, MixedStorageEqualsTheReference) { product_cases::compare_mixed_products(); }
 
 TEST(Products, CongruenceEqualsTheReference) { product_cases::compare_congruence_products(); }
@@ -49,6 +50,7 @@ TEST(MAtB, ColumnsAreSummedFirstToLast) {
   CHECK_BITS(c, 0x1.0000000000001p+0);
 }
 
+// SMatrProduct (1).
 TEST(SMatrProduct, TwoDiagonalsWriteExactlyTheirProducts) {
   const double a[3] = {2, 3, 4}, b[3] = {5, 7, -0.5};
   double c[9] = {1, 1, 1, 1, 1, 1, 1, 1, 1};
@@ -65,6 +67,7 @@ TEST(SMatrProduct, TwoDiagonalsKeepNegativeZero) {
   CHECK_BITS(c, -0.0);
 }
 
+// SMatrProduct (1) and, for other diagonals, SMatrProduct (3).
 TEST(SMatrProduct, OnlyTheCodeTwentyTwoIsTheSpecialCase) {
   const double a[2] = {2, 3}, b[2] = {5, 7};
   double c[4] = {9, 9, 9, 9};

@@ -120,15 +120,15 @@ TEST(TMatrix, SetDimensionReshapesInsideTheCapacity) {
   EXPECT_EQ(t.GetN1(), 6);
   EXPECT_EQ(t.GetN2(), 2);
   CHECK_BITS(t[t.Index(5, 1)], 12.0);
-  t.SetDimension(13, 1);  // does not fit
+  t.SetDimension(13, 1);  // does not fit: SetDimension (3)
   EXPECT_EQ(t.GetN1(), 6);
   EXPECT_EQ(t.GetN2(), 2);
-  t.SetDimension(5, -1);  // rows only
+  t.SetDimension(5, -1);  // rows only: SetDimension (2)
   EXPECT_EQ(t.GetN1(), 5);
   EXPECT_EQ(t.GetN2(), 2);
   t.SetDimension(6, -1);  // more rows than there are
   EXPECT_EQ(t.GetN1(), 5);
-  t.SetDimension(-1, 2);
+  t.SetDimension(-1, 2);  // SetDimension (1)
   EXPECT_EQ(t.GetN1(), 5);
   EXPECT_EQ(t.GetN2(), 2);
   // Kept for compatibility: one row less than none, and one column more than there are, goes through.

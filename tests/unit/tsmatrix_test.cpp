@@ -49,6 +49,7 @@ TEST(TSMatrix, KeepsItsFieldsInOrder) {
   EXPECT_TRUE(fields_of(owner).owner);
 }
 
+// TSMatrix::LinearIndex (1).
 TEST(TSMatrix, LinearIndexIsSymmetric) {
   EXPECT_EQ(TSMatrix::LinearIndex(0, 0), 0);
   EXPECT_EQ(TSMatrix::LinearIndex(2, 5), 17);

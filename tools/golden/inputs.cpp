@@ -72,7 +72,10 @@ double scale_of(const std::string& kind, int i, int j) {
   return 1.0;
 }
 
-std::size_t diagonal(int i) { return static_cast<std::size_t>(i) * (i + 3) / 2; }
+std::size_t diagonal(int i) {
+  const auto row = static_cast<std::size_t>(i);
+  return row * (row + 3) / 2;
+}
 
 }  // namespace
 
