@@ -1,5 +1,5 @@
-// What a host program may innocently have: memory of its own under the name of the library's constant, which the program
-// exports because the library has the name, too. Loading the library must leave it alone.
+// What a host program may innocently have: memory of its own under the name of the library's constant, which the
+// program exports because the library has the name, too. Loading the library must leave it alone.
 
 #include <cstdio>
 #include <cstdlib>
