@@ -281,7 +281,7 @@ public:
   ///
   /// | op | result |
   /// |---|---|
-  /// | `'t'` | the transpose: (r, c) = A(c, r) |
+  /// | 't' | the transpose: (r, c) = A(c, r) |
   /// | code 255, that is `static_cast<char>(-1)` | the inverse |
   /// | any other | **nothing is written**: the elements are left unset |
   ///

@@ -34,11 +34,11 @@
 ///
 /// | code | block transfer: each matrix element M with its buffer element B |
 /// |---|---|
-/// | `'+'` | M = M + B |
-/// | `'-'` | M = M - B |
-/// | `'='` | M = B, copy into the matrix |
-/// | `'>'` | B = M, copy out of the matrix |
-/// | `'0'` | M = 0.0; B is not read and the buffer may be null |
+/// | '+' | M = M + B |
+/// | '-' | M = M - B |
+/// | '=' | M = B, copy into the matrix |
+/// | '>' | B = M, copy out of the matrix |
+/// | '0' | M = 0.0; B is not read and the buffer may be null |
 /// | any other | nothing |
 ///
 /// **Sizes.** Offsets are formed in 64 bits: orders up to 65,535 in packed and whatever fits in memory in dense
@@ -303,10 +303,10 @@ ALIDADE_API void SMatrProduct(const double* a, const double* b, double* c, int n
 ///
 /// | op | c becomes |
 /// |---|---|
-/// | `'+'` | c + a q a' |
-/// | `'-'` | c - a q a' |
-/// | `'|'` | -(a q a'), summed from 0.0 |
-/// | any other, `'='`, `'0'` and NUL among them | a q a', summed from 0.0 |
+/// | '+' | c + a q a' |
+/// | '-' | c - a q a' |
+/// | '\|' | -(a q a'), summed from 0.0 |
+/// | any other, '=', '0' and NUL among them | a q a', summed from 0.0 |
 ///
 /// This reading is deliberate and differs from the operators below, where an unknown code adds.
 /// For each l the local t(j) = sum over p of a(j, p) q(p, l), p = 0, 1, ... from +0.0; then c(i, j), i >= j, receives
@@ -317,7 +317,7 @@ ALIDADE_API void SMatrProductAQAt(const double* a, const double* q, double* c, i
 /// Right-hand side of normal equations, r op a' q l: design a, weights q, observations l.
 ///
 /// @param r   vector of m elements, the target
-/// @param op  `'+'` adds to r; **any other code overwrites r with the positive product**, `'-'` and `'|'` among them
+/// @param op  '+' adds to r; **any other code overwrites r with the positive product**, '-' and '|' among them
 ///            (deliberate: this kernel never subtracts)
 /// @param a   dense, n by m
 /// @param q   packed, of order n
@@ -388,10 +388,10 @@ ALIDADE_API int LOC1(int i, int j, int n, int m, int ms);
 ///
 /// | op | target |
 /// |---|---|
-/// | `'='` | T = product: first cleared, then added |
-/// | `'|'` | T = -product: first cleared, then subtracted |
-/// | `'-'` | T = T - product |
-/// | `'+'` and **any other** | T = T + product |
+/// | '=' | T = product: first cleared, then added |
+/// | '\|' | T = -product: first cleared, then subtracted |
+/// | '-' | T = T - product |
+/// | '+' and **any other** | T = T + product |
 ///
 /// SMATRopR_S_Rt alone reads the code as SMatrProductAQAt does.
 ///
