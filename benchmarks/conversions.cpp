@@ -14,7 +14,6 @@
 #include "works.h"
 
 namespace benchmarks {
-
 namespace {
 
 constexpr std::size_t kCount = 256;

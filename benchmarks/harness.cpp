@@ -7,7 +7,6 @@
 #include <random>
 
 namespace benchmarks {
-
 namespace {
 
 double run(const Variant& variant, long repeats) {

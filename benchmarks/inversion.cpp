@@ -34,7 +34,6 @@ void operator delete(void* p) noexcept { std::free(p); }
 void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 
 namespace benchmarks {
-
 namespace {
 
 // Values of about 1 against a diagonal that outweighs them: the inverses hold no subnormal numbers, which are slow.

@@ -1,7 +1,6 @@
 #include "limit.h"
 
 namespace benchmarks {
-
 namespace {
 
 using alidade::kernels::InstructionSet;

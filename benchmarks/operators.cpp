@@ -12,7 +12,6 @@
 #include "works.h"
 
 namespace benchmarks {
-
 namespace {
 
 using peers::MatrixPeer;

@@ -13,7 +13,6 @@
 #include "works.h"
 
 namespace benchmarks {
-
 namespace {
 
 constexpr int kCount = 64;  // of one call, so that the loop around it does not count

@@ -10,7 +10,6 @@
 #include "works.h"
 
 namespace benchmarks {
-
 namespace {
 
 void measure_square(int n, const double* a, const double* b, double* c, double* d) {

@@ -12,7 +12,6 @@
 #include "works.h"
 
 namespace benchmarks {
-
 namespace {
 
 double chi_square(int df) { return boost::math::quantile(boost::math::chi_squared(df), 0.95); }

@@ -11,7 +11,6 @@
 #include "matrix/kernels/kernels.h"
 
 namespace benchmarks {
-
 namespace {
 
 using alidade::kernels::InstructionSet;

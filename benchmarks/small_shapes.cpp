@@ -13,7 +13,6 @@
 #include "works.h"
 
 namespace benchmarks {
-
 namespace {
 
 // A product of an (n x m) matrix with an (m x k) one, or what comes nearest to it.

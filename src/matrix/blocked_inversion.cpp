@@ -12,7 +12,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 using kernels::FactorResult;

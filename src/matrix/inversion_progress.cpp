@@ -6,7 +6,6 @@
 #include "truncate.h"
 
 namespace alidade {
-
 namespace {
 
 double cube(std::ptrdiff_t rows) {

@@ -7,7 +7,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 constexpr Mode kAssign = {true, false};

@@ -11,7 +11,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade::plain {
-
 namespace {
 
 // Room for `count` elements; on the stack where that is little, for the heap costs as much as a small inversion.

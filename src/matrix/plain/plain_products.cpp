@@ -9,7 +9,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade::plain {
-
 namespace {
 
 double* line_of(const Target& target, std::ptrdiff_t k) {
