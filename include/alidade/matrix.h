@@ -47,6 +47,9 @@
 ///
 /// **Overlap.** Unless a comment allows it, arguments must not overlap.
 ///
+/// **Memory.** Large products and operators copy blocks of their operands into up to 97 KB of the heap, and give it
+/// back; where the heap has nothing left they do with smaller blocks on the stack. They never throw.
+///
 /// **Bits.** Class A (only + - * / sqrt and comparisons, the same bits on every IEEE 754 machine) unless a comment says
 /// otherwise.
 
@@ -407,7 +410,7 @@ ALIDADE_API int LOC1(int i, int j, int n, int m, int ms);
 /// So a T larger than the product keeps what lies outside in the last four and loses it in the three before; give
 /// those four a T with exactly the rows of the product. Each function reads the sizes it names and no others, compares
 /// none, and reads operands by their own N1 (B of SMATRopABti by A's). A size below 1 leaves the target alone but for
-/// the clearing. Nothing is allocated.
+/// the clearing.
 ///
 /// Every element of T receives its terms one by one in ascending order of the index of summation, each addition
 /// rounded. Inner sums of three factors are formed from +0.0 in ascending order first. T must not share elements with
