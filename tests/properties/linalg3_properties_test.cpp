@@ -1,6 +1,7 @@
 // What the algebra of order three must satisfy whatever its rounding: bounds are derived beside each test, u = 2^-53.
 
 #include <alidade/linalg3.h>
+#include <alidade/matrix.h>
 
 #include <algorithm>
 #include <cmath>
@@ -243,6 +244,29 @@ TEST(Linalg3Properties, ASmallGapBetweenTheSmallAxesCostsItsSquare) {
     }
     EXPECT_LT(above, 3 * kRounds / 100) << g;
     EXPECT_GT(above, kRounds / 100 / 10) << g;  // no figure of speech: so bad it is
+  }
+}
+
+// The members of order three are the general kernels with dimension three.
+TEST(Linalg3Properties, MembersEqualTheGeneralKernels) {
+  covariances::Source source(48);
+  for (int round = 0; round < kRounds; ++round) {
+    double x[3], expected[9];
+    covar v;
+    matr3_3 a, b;
+    source.vector(a, 9);
+    source.vector(b, 9);
+    source.covariance(v);
+    source.vector(x, 3);
+    MatrixProduct(a, b, expected, 3, 3, 3);
+    ASSERT_TRUE(bits::equal_arrays(a * b, expected, 9)) << round;
+    const triad t(x[0], x[1], x[2]);
+    MatrixProduct(a, x, expected, 3, 3, 1);
+    ASSERT_TRUE(bits::equal_arrays(&(a * t)[0], expected, 3)) << round;
+    SMatrProduct(v, x, expected, 3, 3, 1, 0, 1);
+    ASSERT_TRUE(bits::equal_arrays(&(v * t)[0], expected, 3)) << round;
+    SMatrProductAQAt(a, v, expected, 3, 3, '\0');
+    ASSERT_TRUE(bits::equal_arrays(a & v, expected, 6)) << round;
   }
 }
 

@@ -6,10 +6,9 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <random>
-
-#include "support/bits.h"
 
 class PlaneInputs {
 public:
@@ -61,7 +60,12 @@ public:
     return below(2) == 0 ? v : -v;
   }
 
-  double any_bits() { return bits::from(bits_()); }
+  double any_bits() {
+    const std::uint64_t word = bits_();
+    double v = 0;
+    std::memcpy(&v, &word, sizeof v);
+    return v;
+  }
 
   double number() {
     switch (below(6)) {

@@ -18,11 +18,11 @@ Group chi_square() {
 }
 
 Group tau() {
-  using Count = Within<-10, 2000>;  // the time grows with it
+  using Freedom = Within<-10, 2000>;  // the time grows with it
   return {"tau",
           "tau quantile and accuracy class",
           {
-              {"TAU", [](Count n, Count f, double alpha) { return TAU(n, f, alpha); }},
+              {"TAU", [](int n, Freedom f, double alpha) { return TAU(n, f, alpha); }},
               {"RmsToKnown", [](double rms) { return RmsToKnown(rms); }},
           }};
 }

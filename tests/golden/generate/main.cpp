@@ -3,11 +3,13 @@
 //     alidade-golden <directory>            writes the files
 //     alidade-golden --check <directory>    compares; of class B only the arguments, since results may be another
 //     libm's
+//     alidade-golden --round N <directory>  writes files with other numbers, drawn in the same way
 //
 // The library has no part in it: a golden file can therefore show that the library is wrong.
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <set>
@@ -143,29 +145,34 @@ void check_group(const std::string& directory, const Source& source) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const bool check = argc == 3 && std::string(argv[1]) == "--check";
-  if (argc != 2 && !check) {
-    std::printf("usage: alidade-golden [--check] <directory>\n");
+  const std::string option = argc > 2 ? argv[1] : "";
+  const bool check = argc == 3 && option == "--check";
+  const bool other = argc == 4 && option == "--round";
+  if (argc != 2 && !check && !other) {
+    std::printf("usage: alidade-golden [--check | --round N] <directory>\n");
     return 1;
   }
+  const std::uint64_t round = other ? std::strtoull(argv[2], nullptr, 10) : 0;
   try {
-    for (const Source& source :
-         {Source{golden::coordinates(), generate::coordinates_requests()},
-          Source{golden::conversions(), generate::conversions_requests()},
-          Source{golden::local_frames(), generate::local_frames_requests()},
-          Source{golden::angles(), generate::angles_requests()}, Source{golden::points(), generate::points_requests()},
-          Source{golden::rectangles(), generate::rectangles_requests()},
-          Source{golden::lines(), generate::lines_requests()}, Source{golden::arcs(), generate::arcs_requests()},
-          Source{golden::triads(), generate::triads_requests()},
-          Source{golden::covariances(), generate::covariances_requests()},
-          Source{golden::matrices3(), generate::matrices3_requests()},
-          Source{golden::eigen(), generate::eigen_requests()}, Source{golden::storage(), generate::storage_requests()},
-          Source{golden::products(), generate::products_requests()},
-          Source{golden::operators(), generate::operators_requests()},
-          Source{golden::inversion(), generate::inversion_requests()},
-          Source{golden::scalars(), generate::scalars_requests()},
-          Source{golden::chi_square(), generate::chi_square_requests()},
-          Source{golden::tau(), generate::tau_requests()}}) {
+    for (const Source& source : {Source{golden::coordinates(), generate::coordinates_requests(round)},
+                                 Source{golden::conversions(), generate::conversions_requests(round)},
+                                 Source{golden::local_frames(), generate::local_frames_requests(round)},
+                                 Source{golden::angles(), generate::angles_requests(round)},
+                                 Source{golden::points(), generate::points_requests(round)},
+                                 Source{golden::rectangles(), generate::rectangles_requests(round)},
+                                 Source{golden::lines(), generate::lines_requests(round)},
+                                 Source{golden::arcs(), generate::arcs_requests(round)},
+                                 Source{golden::triads(), generate::triads_requests(round)},
+                                 Source{golden::covariances(), generate::covariances_requests(round)},
+                                 Source{golden::matrices3(), generate::matrices3_requests(round)},
+                                 Source{golden::eigen(), generate::eigen_requests(round)},
+                                 Source{golden::storage(), generate::storage_requests(round)},
+                                 Source{golden::products(), generate::products_requests(round)},
+                                 Source{golden::operators(), generate::operators_requests(round)},
+                                 Source{golden::inversion(), generate::inversion_requests(round)},
+                                 Source{golden::scalars(), generate::scalars_requests(round)},
+                                 Source{golden::chi_square(), generate::chi_square_requests(round)},
+                                 Source{golden::tau(), generate::tau_requests(round)}}) {
       (check ? check_group : write_group)(argv[argc - 1], source);
     }
   } catch (const std::exception& e) {

@@ -16,10 +16,11 @@ struct Request {
   golden::Tokens arguments;
 };
 
-// The requests of one group, drawn from a stream of its own, so that a change in one group leaves the others alone.
+// The requests of one group, drawn from a stream of its own, so that a change in one group leaves the others alone. The
+// golden files are those of round 0; other rounds draw other numbers in the same way.
 class Requests {
 public:
-  explicit Requests(std::uint64_t seed) : bits_(seed) {}
+  Requests(std::uint64_t group, std::uint64_t round) : bits_(group + 1000 * round) {}
 
   void add(char bit_class, const std::string& function, const golden::Tokens& arguments) {
     list_.push_back({bit_class, function, arguments});
@@ -52,25 +53,25 @@ private:
   std::vector<Request> list_;
 };
 
-Requests coordinates_requests();
-Requests conversions_requests();
-Requests local_frames_requests();
-Requests angles_requests();
-Requests points_requests();
-Requests rectangles_requests();
-Requests lines_requests();
-Requests arcs_requests();
-Requests triads_requests();
-Requests covariances_requests();
-Requests matrices3_requests();
-Requests eigen_requests();
-Requests storage_requests();
-Requests products_requests();
-Requests operators_requests();
-Requests inversion_requests();
-Requests scalars_requests();
-Requests chi_square_requests();
-Requests tau_requests();
+Requests coordinates_requests(std::uint64_t round);
+Requests conversions_requests(std::uint64_t round);
+Requests local_frames_requests(std::uint64_t round);
+Requests angles_requests(std::uint64_t round);
+Requests points_requests(std::uint64_t round);
+Requests rectangles_requests(std::uint64_t round);
+Requests lines_requests(std::uint64_t round);
+Requests arcs_requests(std::uint64_t round);
+Requests triads_requests(std::uint64_t round);
+Requests covariances_requests(std::uint64_t round);
+Requests matrices3_requests(std::uint64_t round);
+Requests eigen_requests(std::uint64_t round);
+Requests storage_requests(std::uint64_t round);
+Requests products_requests(std::uint64_t round);
+Requests operators_requests(std::uint64_t round);
+Requests inversion_requests(std::uint64_t round);
+Requests scalars_requests(std::uint64_t round);
+Requests chi_square_requests(std::uint64_t round);
+Requests tau_requests(std::uint64_t round);
 
 }  // namespace generate
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "golden/generate/requests.h"
+#include "golden/generate/requests/awkward.h"
 
 namespace generate {
 namespace {
@@ -65,8 +66,8 @@ const double kSpecialPositions[][3] = {
 
 }  // namespace
 
-Requests coordinates_requests() {
-  Requests r(101);
+Requests coordinates_requests(std::uint64_t round) {
+  Requests r(101, round);
   r.add('A', "Coord()", {});
   r.add_numbers('A', "Coord=v", 1, 20);
   for (const char* two : {"Coord+Coord", "Coord-Coord", "Coord*Coord"}) {
@@ -82,8 +83,8 @@ Requests coordinates_requests() {
   return r;
 }
 
-Requests conversions_requests() {
-  Requests r(102);
+Requests conversions_requests(std::uint64_t round) {
+  Requests r(102, round);
   const double kInverseFlattening[] = {298.257223563, 298.3, 299.1528128, 297.0, 293.465};
   const double kSemiMajorAxis[] = {6378137.0, 6378245.0, 6377397.155, 6378388.0, 6378249.145};
 
@@ -137,11 +138,15 @@ Requests conversions_requests() {
     r.add('B', "geod_to_xyz",
           Tokens().integer(0).number(6378137.0).number(1 / 298.257223563).number(1).number(2).number(3).numbers(p, 3));
   }
+  for (int i = 0; i < 30; ++i) {  // anything, also for the ellipsoid
+    r.add('B', "geod_to_xyz", Tokens().integer(i % 2).append(r.numbers(i % 3 == 0 ? "plain" : "nasty", 8)));
+  }
+  add_awkward_conversions(r, round);
   return r;
 }
 
-Requests local_frames_requests() {
-  Requests r(103);
+Requests local_frames_requests(std::uint64_t round) {
+  Requests r(103, round);
   for (int i = 0; i < 220; ++i) {
     const double reach = i % 3 == 0 ? 1e7 : 2000.0;
     const Tokens station = position(r);
@@ -178,11 +183,12 @@ Requests local_frames_requests() {
   }
   r.add_numbers('B', "blh_to_neu", 6, 60);
   r.add_numbers('B', "neu_to_polar", 3, 80);
+  add_awkward_local_frames(r, round);
   return r;
 }
 
-Requests angles_requests() {
-  Requests r(104);
+Requests angles_requests(std::uint64_t round) {
+  Requests r(104, round);
   for (const double v : {0.0, -0.0, -0.5, -0.001, 12.5, -12.5, 10.999999, 29.9999999, 0.49999999, 359.99999999,
                          2147483647.5, 2147483648.0, -2147483648.5, -2147483649.0, 1e300}) {
     r.add('A', "deg_to_dms", Tokens().number(v));
@@ -201,6 +207,10 @@ Requests angles_requests() {
     r.add('A', "dms_to_deg", Tokens().integer(0).integer(0).number(minutes));
   }
   r.add_numbers('A', "deg_to_dms", 1, 80);
+  for (int i = 0; i < 40; ++i) {
+    r.add('A', "dms_to_deg", Tokens().integer(r.any_integer()).integer(r.any_integer()).number(r.number(r.kind())));
+  }
+  add_awkward_angles(r, round);
   return r;
 }
 

@@ -1,4 +1,5 @@
 #include "golden/generate/requests.h"
+#include "golden/generate/requests/awkward.h"
 
 namespace generate {
 namespace {
@@ -33,8 +34,8 @@ void add_points(Requests& r, const char* function, int n) {
 
 }  // namespace
 
-Requests lines_requests() {
-  Requests r(301);
+Requests lines_requests(std::uint64_t round) {
+  Requests r(301, round);
   add_points(r, "FindLineCoeffs", 2);
   add_points(r, "GetSpanPerpendicular", 2);
   for (int i = 0; i < 120; ++i) {
@@ -55,16 +56,18 @@ Requests lines_requests() {
       r.add('A', "FindLinesIntersection", Tokens().number(1).number(0).number(2).number(4).number(sign * v).number(-3));
     }
   }
+  add_awkward_lines(r, round);
   return r;
 }
 
-Requests arcs_requests() {
-  Requests r(302);
+Requests arcs_requests(std::uint64_t round) {
+  Requests r(302, round);
   r.add('A', "CArcParams()", {});
   add_points(r, "GetArcTangentParams", 4);
   add_points(r, "GetArc3PointsParams", 3);
   add_points(r, "cosphi", 3);
   add_points(r, "triangle_area", 3);
+  add_awkward_arcs(r, round);
   return r;
 }
 

@@ -19,8 +19,8 @@ void add_inversion(Requests& r, int n, const std::string& kind) {
 
 }  // namespace
 
-Requests inversion_requests() {
-  Requests r(504);
+Requests inversion_requests(std::uint64_t round) {
+  Requests r(504, round);
   for (int n = 0; n <= 40; ++n) {
     for (const char* kind : kMatrixKinds) {
       add_inversion(r, n, kind);

@@ -1,4 +1,5 @@
 #include "golden/generate/requests.h"
+#include "golden/generate/requests/awkward.h"
 
 namespace generate {
 namespace {
@@ -45,8 +46,8 @@ Tokens whole(Requests& r, int n) {
 
 }  // namespace
 
-Requests triads_requests() {
-  Requests r(401);
+Requests triads_requests(std::uint64_t round) {
+  Requests r(401, round);
   r.add('A', "DefTriad()", {});
   for (const int v : {0, 1, -1, 5, 2147483647}) {
     r.add('A', "triad(int)", Tokens().integer(v));
@@ -69,8 +70,8 @@ Requests triads_requests() {
   return r;
 }
 
-Requests covariances_requests() {
-  Requests r(402);
+Requests covariances_requests(std::uint64_t round) {
+  Requests r(402, round);
   for (int i = 0; i < 3; ++i) {
     for (int j = 0; j < 3; ++j) {
       r.add('A', "covar::LinearIndex", Tokens().integer(i).integer(j));
@@ -111,8 +112,8 @@ Requests covariances_requests() {
   return r;
 }
 
-Requests matrices3_requests() {
-  Requests r(403);
+Requests matrices3_requests(std::uint64_t round) {
+  Requests r(403, round);
   for (int i = 0; i < 3; ++i) {
     for (int j = 0; j < 3; ++j) {
       r.add('A', "matr3_3::Index", Tokens().integer(i).integer(j));
@@ -139,8 +140,8 @@ Requests matrices3_requests() {
   return r;
 }
 
-Requests eigen_requests() {
-  Requests r(404);
+Requests eigen_requests(std::uint64_t round) {
+  Requests r(404, round);
   for (int i = 0; i < 250; ++i) {
     r.add('A', "InvertSMatr3", covariance(r));
     r.add('B', "covar::DuserDeigen", covariance(r));
@@ -169,6 +170,7 @@ Requests eigen_requests() {
     r.add('B', "covar::DuserDeigen", Tokens().numbers(v, 6));
     r.add('B', "covar::GetEigen", Tokens().numbers(v, 6).number(v[2]));
   }
+  add_awkward_covariances(r, round);
   return r;
 }
 

@@ -36,8 +36,8 @@ void finish(Requests& r, const char* function, Tokens t, int turn, bool packed_t
 
 }  // namespace
 
-Requests operators_requests() {
-  Requests r(503);
+Requests operators_requests(std::uint64_t round) {
+  Requests r(503, round);
   for (int turn = 0; turn < 6 * kSizeCount; ++turn) {
     for (const char* function : {"SMATRopRt_S_R", "SMATRopRt_R", "SMATRopABti", "SMATRopR_S_Rt"}) {
       const Shape shape = draw_shape(r, turn);

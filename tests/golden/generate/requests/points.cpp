@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "golden/generate/requests.h"
+#include "golden/generate/requests/awkward.h"
 
 namespace generate {
 namespace {
@@ -40,8 +41,8 @@ void add_comparisons(Requests& r, const std::string& function, int n, bool with_
 
 }  // namespace
 
-Requests points_requests() {
-  Requests r(201);
+Requests points_requests(std::uint64_t round) {
+  Requests r(201, round);
   for (const int n : {2, 3}) {
     const std::string point = "Point" + std::to_string(n);
     r.add_numbers('A', point + "+" + point, 2 * n, 80);
@@ -73,11 +74,12 @@ Requests points_requests() {
     r.add('A', "CPoint(Point2)", Tokens().number(v).number(-v));
   }
   r.add_numbers('A', "CPoint(Point2)", 2, 80);
+  add_awkward_points(r, round);
   return r;
 }
 
-Requests rectangles_requests() {
-  Requests r(202);
+Requests rectangles_requests(std::uint64_t round) {
+  Requests r(202, round);
   r.add_numbers('A', "Rect(Point2,Size2)", 4, 60);
   r.add_numbers('A', "CRect(Rect)", 4, 60);
   r.add('A', "CRect(Rect)", Tokens().number(1.9).number(-1.9).number(2.5).number(-2.5));

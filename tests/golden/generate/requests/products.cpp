@@ -92,8 +92,8 @@ void add_congruences(Requests& r) {
 
 }  // namespace
 
-Requests products_requests() {
-  Requests r(502);
+Requests products_requests(std::uint64_t round) {
+  Requests r(502, round);
   add_products(r, "MatrixProduct");
   add_products(r, "MAtB");
   add_mixed_products(r);

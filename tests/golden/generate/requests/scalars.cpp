@@ -1,4 +1,5 @@
 #include "golden/generate/requests.h"
+#include "golden/generate/requests/awkward.h"
 
 namespace generate {
 namespace {
@@ -7,10 +8,19 @@ using golden::Tokens;
 
 constexpr int kListed = 20;
 
+// 0, 1, 2, ...
+Tokens integers_of(int n) {
+  Tokens tokens;
+  for (int k = 0; k < n; ++k) {
+    tokens.integer(k);
+  }
+  return tokens;
+}
+
 }  // namespace
 
-Requests scalars_requests() {
-  Requests r(505);
+Requests scalars_requests(std::uint64_t round) {
+  Requests r(505, round);
   for (int i = 0; i < 120; ++i) {
     const int count = i < 60 ? i % 21 : r.between(2, kListed);
     Tokens integers;
@@ -74,6 +84,23 @@ Requests scalars_requests() {
   for (int i = 0; i < 120; ++i) {
     r.add('A', "nearest(float)", r.numbers(i % 3 == 0 ? "whole" : "short", 2));
   }
+  // Counts below two are two; the others follow the count, not the list.
+  for (const int count : {-2147483647 - 1, -2147483647, -2, -1, 0, 1, 2, 19, 20}) {
+    Tokens integers;
+    for (int k = 0; k < kListed; ++k) {
+      integers.integer(r.below(3) == 0 ? r.any_integer() : r.between(-2, 2));
+    }
+    for (const char* function : {"min1", "max1"}) {
+      r.add('A', function, Tokens().integer(count).append(integers));
+    }
+    // The third value would decide if it were looked at.
+    r.add('A', "min1", Tokens().integer(count).integer(3).integer(4).integer(-9).append(integers_of(17)));
+    r.add('A', "max1", Tokens().integer(count).integer(3).integer(4).integer(9).append(integers_of(17)));
+    for (const char* function : {"amin1", "amax1"}) {
+      r.add('A', function, Tokens().integer(count).append(r.numbers("short", kListed)));
+    }
+  }
+  add_awkward_scalars(r, round);
   return r;
 }
 

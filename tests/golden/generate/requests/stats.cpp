@@ -1,11 +1,12 @@
 #include "golden/generate/requests.h"
+#include "golden/generate/requests/awkward.h"
 
 namespace generate {
 
 using golden::Tokens;
 
-Requests chi_square_requests() {
-  Requests r(601);
+Requests chi_square_requests(std::uint64_t round) {
+  Requests r(601, round);
   for (const int level : {68, 95, 99, 50, 0}) {
     for (int df = -2; df <= 100; ++df) {
       r.add('A', "CHI_1SDE", Tokens().integer(level).integer(df));
@@ -18,11 +19,17 @@ Requests chi_square_requests() {
       r.add('A', "CHI_2SDE", Tokens().integer(level).integer(df));
     }
   }
+  for (int i = 0; i < 40; ++i) {
+    const int level = i % 2 == 0 ? r.any_integer() : 95;
+    const int df = r.any_integer();
+    r.add('A', "CHI_1SDE", Tokens().integer(level).integer(df));
+    r.add('A', "CHI_2SDE", Tokens().integer(level).integer(df));
+  }
   return r;
 }
 
-Requests tau_requests() {
-  Requests r(602);
+Requests tau_requests(std::uint64_t round) {
+  Requests r(602, round);
   const double kLevels[] = {0.05, 0.01, 0.001, 0.1, 0.5, 0.50001, 0.9, 1.0, 0.0, -1.0, 1.5};
   for (const double alpha : kLevels) {
     for (const int n : {1, 2, 5, 20, 100}) {
@@ -54,6 +61,11 @@ Requests tau_requests() {
     r.add('A', "RmsToKnown", Tokens().number(r.uniform(0.0, i % 2 == 0 ? 0.2 : 20.0)));
   }
   r.add_numbers('A', "RmsToKnown", 1, 80);
+  for (int i = 0; i < 40; ++i) {
+    const int n = i % 2 == 0 ? r.any_integer() : r.between(1, 500);
+    r.add('B', "TAU", Tokens().integer(n).integer(r.between(-2, 60)).number(r.number(r.kind())));
+  }
+  add_awkward_quantiles(r, round);
   return r;
 }
 

@@ -60,8 +60,8 @@ void add_dense_blocks(Requests& r, const char* function, bool of_order_three, co
 
 }  // namespace
 
-Requests storage_requests() {
-  Requests r(501);
+Requests storage_requests(std::uint64_t round) {
+  Requests r(501, round);
   for (int i = 0; i < 12; ++i) {
     for (int j = 0; j < 12; j += 1 + i % 3) {
       r.add('A', "TSMatrix::LinearIndex", Tokens().integer(i).integer(j));
