@@ -10,7 +10,8 @@ namespace network {
 namespace {
 
 constexpr int kWidth = 3;           // X, Y, Z of a station
-constexpr double kDeepest = 6.3e6;  // metres from the Earth's centre: below there is no latitude to speak of
+constexpr double kDeepest = 6.3e6;  // metres from the Earth's centre
+constexpr double kHighest = 1e8;
 
 const Coord& at(const std::vector<Coord>& positions, int station) {
   return positions[static_cast<std::size_t>(station)];
@@ -162,9 +163,10 @@ AdjustedNetwork adjust(const Network& network, int* progress) {
       const double* correction = &solution[static_cast<std::size_t>(kWidth * result.points[i])];
       result.positions[i] += Coord(correction[0], correction[1], correction[2]);
     }
-    if (!(RR(result.positions[i]) > kDeepest)) {
-      throw AdjustmentError("station " + network.stations[i].name + " lies far below the surface of the Earth: " +
-                            "coordinates are expected to be geocentric, in metres");
+    const double radius = RR(result.positions[i]);
+    if (!(radius > kDeepest && radius < kHighest)) {
+      throw AdjustmentError("station " + network.stations[i].name + " lies far below or above the surface of the " +
+                            "Earth: coordinates are expected to be geocentric, in metres");
     }
   }
   result.cofactor = normal.take_matrix();

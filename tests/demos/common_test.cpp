@@ -96,7 +96,7 @@ TEST(Records, ByteOrderMarksAndFortransExponents) {
 // A host that calls setlocale(LC_ALL, "") in Germany: numbers were written as 20,0.
 TEST(Locales, NumbersHaveADecimalPointInAllOfThem) {
 #if defined(__linux__)
-  const std::filesystem::path directory = std::filesystem::temp_directory_path() / "alidade_locale";
+  const std::filesystem::path directory = std::filesystem::path(WORK_DIRECTORY) / "locale";
   std::filesystem::create_directories(directory);
   std::ofstream(directory / "source")
       << "LC_NUMERIC\ndecimal_point \"<U002C>\"\nthousands_sep \"<U002E>\"\ngrouping 3;3\nEND LC_NUMERIC\n";

@@ -372,6 +372,8 @@ TEST(NetworkFile, CoordinatesBeyondTheSatellites) {
 TEST(NetworkFile, PositionsThatAreNotGeocentric) {
   const Network net = read(with_line(27, "CPOS 0 A 468200.0 5321400.0 212.0"));
   EXPECT_THROW(network::adjust(net, nullptr), network::AdjustmentError);
+  const Network far = read(with_line(2, "BL 0 A B  -1e8 20.0 30.0  4e-6 0 4e-6 0 0 4e-6  2.0"));
+  EXPECT_THROW(network::adjust(far, nullptr), network::AdjustmentError);
 }
 
 // A variance without bound has no weight, and nothing else determines B.

@@ -34,8 +34,7 @@ protected:
 
   void SetUp() override {
     const testing::TestInfo* info = testing::UnitTest::GetInstance()->current_test_info();
-    directory_ = std::filesystem::temp_directory_path() /
-                 (std::string("alidade_") + info->test_suite_name() + "_" + info->name());
+    directory_ = (std::filesystem::path(WORK_DIRECTORY) / info->test_suite_name() / info->name()).make_preferred();
     std::filesystem::remove_all(directory_);
     std::filesystem::create_directories(directory_);
   }
