@@ -292,8 +292,6 @@ Plan make_plan(const Network& network, const Results& results) {
   plan.width = kWidth;
   plan.stations = project(network, results);
   plan.lines = baselines(network, results);
-  plan.pixels_per_millimetre =
-      demo::round_down(2 * kTypicalAxis / std::max(1e3 * typical_semi_major(plan.stations), 1e-6));
 
   // The main plan takes the height that its width needs.
   std::vector<std::size_t> all(plan.stations.size());
@@ -306,6 +304,9 @@ Plan make_plan(const Network& network, const Results& results) {
   plan.main.frame = Box(kMargin, kTitleHeight, kWidth - kMargin, bottom);
   fit(plan.main, plan.stations, all, kMainBorder);
   find_lines(plan.main, plan);
+  const double spacing = std::sqrt(plan.main.frame.Area() / static_cast<double>(all.size()));
+  const double axis = std::min(kTypicalAxis, spacing / 6);  // among many stations large ellipses would hide the network
+  plan.pixels_per_millimetre = demo::round_down(2 * axis / std::max(1e3 * typical_semi_major(plan.stations), 1e-6));
   plan.legend = Box(kMargin, bottom, kWidth - kMargin, bottom + kLegendHeight);
 
   plan.insets = make_insets(plan);
