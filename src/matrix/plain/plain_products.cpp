@@ -83,8 +83,16 @@ void add_line(double* y, const Operand& a, std::ptrdiff_t first, const Operand& 
   }
 }
 
+// The usual layout has a loop of its own: for a few elements finding the loop takes as long as running it.
 template <bool kSubtract>
 void add_product(const Target& target, const Operand& a, const Operand& b, const Extent& extent) {
+  if (a.layout == Operand::kTransposed && b.layout == Operand::kDense) {
+    for (std::ptrdiff_t k = 0; k < extent.lines; ++k) {
+      add_dots<kSubtract>(line_of(target, k), a.data, a.ld, lanes_of(target, k, extent), b.data + k * b.ld,
+                          extent.terms);
+    }
+    return;
+  }
   for (std::ptrdiff_t k = 0; k < extent.lines; ++k) {
     add_line<kSubtract>(line_of(target, k), a, 0, b, k, lanes_of(target, k, extent), extent.terms);
   }
@@ -165,14 +173,21 @@ void add_symmetrized_product(const Target& target, const Operand& a, const Opera
 }
 
 void start(const Target& target, const Extent& extent, Mode mode) {
-  for (std::ptrdiff_t k = 0; mode.clear && k < extent.lines; ++k) {
-    clear(line_of(target, k), lanes_of(target, k, extent));
+  if (!mode.clear || extent.lanes < 1 || extent.lines < 1) {
+    return;
+  }
+  if (target.triangle || target.ld == extent.lanes) {  // the lines follow each other
+    clear(target.data, line_of(target, extent.lines) - target.data);
+    return;
+  }
+  for (std::ptrdiff_t k = 0; k < extent.lines; ++k) {
+    clear(line_of(target, k), extent.lanes);
   }
 }
 
 void product(const Target& target, const Operand& a, const Operand& b, const Extent& extent, Mode mode) {
   start(target, extent, mode);
-  (mode.negate ? add_product<true> : add_product<false>)(target, a, b, extent);
+  mode.negate ? add_product<true>(target, a, b, extent) : add_product<false>(target, a, b, extent);
 }
 
 void product_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner, const Operand& b,

@@ -87,9 +87,9 @@ ALIDADE_INLINE void store_lanes(double* p, Vector v, std::ptrdiff_t count) {
   }
 }
 
-// Runs over the terms. With kEdge the last vector of a has fewer than kWidth readable lanes.
+// Runs over the terms. With kEdge the last of the vectors ends early, in a and in the target.
 template <int R, int V, Supply kSupply, bool kEdge>
-ALIDADE_INLINE void add_terms(const Tile& tile, Sums<R, V>& sums) {
+ALIDADE_INLINE void add_terms(const Tile& tile, [[maybe_unused]] Mask edge, Sums<R, V>& sums) {
   const double* a = tile.a.start;
   constexpr bool kTwo = kSupply == kTwoRows || kSupply == kTwoRowsSubtracted;
   const double* a2 = tile.a2.start;
@@ -102,7 +102,6 @@ ALIDADE_INLINE void add_terms(const Tile& tile, Sums<R, V>& sums) {
   const double* row = tile.b.start;
   const double* row2 = tile.b2.start;
   std::ptrdiff_t row_step = tile.b.step;
-  const Mask edge(kEdge ? tile.max_lanes - (V - 1) * kWidth : 1);
   for (std::ptrdiff_t term = 0; term < tile.terms; ++term) {
     Vector lanes[V];
     Vector lanes2[V];
@@ -136,24 +135,31 @@ ALIDADE_INLINE void add_terms(const Tile& tile, Sums<R, V>& sums) {
   }
 }
 
+// `lines`: those of the tile, or others in their place.
 template <int R, int V, Supply kSupply, bool kEdge>
-void run_tile(const Tile& tile) {
+void run_tile(const Tile& tile, const TargetWalk& lines) {
   Sums<R, V> sums;
+  const Mask edge(kEdge ? tile.max_lanes - (V - 1) * kWidth : 1);
   ALIDADE_UNROLL
   for (int r = 0; r < R; ++r) {
-    const double* line = at(tile.target, r);
+    const double* line = at(lines, r);
     ALIDADE_UNROLL
     for (int v = 0; v < V; ++v) {
-      sums[r][v] = tile.clear ? zero() : load(line + v * kWidth);
+      const bool partial = kEdge && v == V - 1;
+      sums[r][v] = tile.clear ? zero() : partial ? load_first(line + v * kWidth, edge) : load(line + v * kWidth);
     }
   }
-  add_terms<R, V, kSupply, kEdge>(tile, sums);
+  add_terms<R, V, kSupply, kEdge>(tile, edge, sums);
   ALIDADE_UNROLL
   for (int r = 0; r < R; ++r) {
-    double* line = at(tile.target, r);
+    double* line = at(lines, r);
     ALIDADE_UNROLL
     for (int v = 0; v < V; ++v) {
-      store(line + v * kWidth, sums[r][v]);
+      if (kEdge && v == V - 1) {
+        store_first(line + v * kWidth, sums[r][v], edge);
+      } else {
+        store(line + v * kWidth, sums[r][v]);
+      }
     }
   }
 }
@@ -167,7 +173,7 @@ template <Supply kSupply>
 constexpr int kMostVectors = kIsTwo<kSupply>&& kTileVectors == 4 ? 2 : kTileVectors;
 
 // Every height and width a remainder can have, as a table of functions.
-using TileFunction = void (*)(const Tile&);
+using TileFunction = void (*)(const Tile&, const TargetWalk&);
 
 template <Supply kSupply, bool kEdge>
 struct TileTable {
@@ -196,7 +202,7 @@ ALIDADE_INLINE std::ptrdiff_t next_piece(std::ptrdiff_t rest, std::ptrdiff_t ful
   return rest >= 2 * full ? full : rest > full ? (rest + 1) / 2 : rest;
 }
 
-// The lines of a tile that ends inside a vector or crosses the diagonal, as whole vectors.
+// In the place of lines of which some end before the others, at the diagonal.
 struct WholeLines {
   static constexpr std::ptrdiff_t kStride = kTileVectors * kWidth;
   alignas(64) double values[kTileLines * kStride];
@@ -229,23 +235,25 @@ static void store_whole_lines(const WholeLines& whole, const Tile& tile, std::pt
 template <Supply kSupply>
 ALIDADE_INLINE void run_piece(const Tile& tile, std::ptrdiff_t lines, std::ptrdiff_t vectors, bool padded) {
   const std::ptrdiff_t lanes = vectors * kWidth;
+  if (tile.lanes >= lanes && tile.max_lanes >= lanes) {
+    kTiles<kSupply>.run[lines][vectors](tile, tile.target);
+    return;
+  }
   TileFunction run = kTiles<kSupply>.run[lines][vectors];
   if constexpr (!kIsTwo<kSupply>) {
+    if (tile.lanes == tile.max_lanes && tile.more == 0) {
+      kEdgeTiles<kSupply>.run[lines][vectors](tile, tile.target);
+      return;
+    }
     if (!padded && tile.max_lanes < lanes) {
       run = kEdgeTiles<kSupply>.run[lines][vectors];
     }
-  }
-  if (tile.lanes >= lanes && tile.max_lanes >= lanes) {
-    run(tile);
-    return;
   }
   WholeLines whole;
   if (!tile.clear) {
     load_whole_lines(whole, tile, lines, lanes);
   }
-  Tile aside = tile;
-  aside.target = {whole.values, WholeLines::kStride, 0};
-  run(aside);
+  run(tile, {whole.values, WholeLines::kStride, 0});
   store_whole_lines(whole, tile, lines, lanes);
 }
 
