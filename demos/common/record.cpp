@@ -5,7 +5,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <fstream>
 #include <locale>
 #include <sstream>
 
@@ -40,6 +39,21 @@ bool parse(const std::string& text, int& value) {
   const char* end = text.data() + text.size();
   const auto result = std::from_chars(text.data(), end, value);
   return result.ec == std::errc() && result.ptr == end;
+}
+
+void read_record(Record& record, const std::vector<RecordType>& types) {
+  std::string known;
+  for (const RecordType& type : types) {
+    if (record.type() == type.type) {
+      if (type.layout != nullptr) {
+        record.expect_layout(type.layout);
+      }
+      type.read(record);
+      return;
+    }
+    known += (known.empty() ? "" : ", ") + std::string(type.type);
+  }
+  record.fail("expected one of the record types " + known + ", found \"" + record.type() + "\"");
 }
 
 }  // namespace
@@ -108,7 +122,7 @@ void Record::fail_at_field(const std::string& expected) const {
   fail("expected " + expected + " for " + names_[next_ - 1] + ", found \"" + fields_[next_] + "\"");
 }
 
-Place for_each_record(std::istream& input, const std::string& name, const std::function<void(Record&)>& use) {
+Place read_records(std::istream& input, const std::string& name, const std::vector<RecordType>& types) {
   Place place{name, 0};
   for (std::string text; std::getline(input, text);) {
     if (++place.line == 1 && text.rfind("\xEF\xBB\xBF", 0) == 0) {
@@ -116,7 +130,7 @@ Place for_each_record(std::istream& input, const std::string& name, const std::f
     }
     Record record(place, text);
     if (!record.empty()) {
-      use(record);
+      read_record(record, types);
     }
   }
   if (input.bad()) {
@@ -126,12 +140,12 @@ Place for_each_record(std::istream& input, const std::string& name, const std::f
   return place;
 }
 
-Place for_each_record_of_file(const std::string& path, const std::function<void(Record&)>& use) {
+std::ifstream open_input(const std::string& path) {
   std::ifstream input(path);
   if (!input) {
     throw InputError(path + ": expected a readable file: " + std::strerror(errno));
   }
-  return for_each_record(input, path, use);
+  return input;
 }
 
 }  // namespace demo

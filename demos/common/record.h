@@ -5,6 +5,7 @@
 // comment. Errors tell the reader of a file what he needs: where, what was expected there, what was found.
 
 #include <cstddef>
+#include <fstream>
 #include <functional>
 #include <istream>
 #include <stdexcept>
@@ -59,12 +60,18 @@ private:
   std::size_t next_ = 0;
 };
 
-// Calls use(record) for each line that holds one. A byte-order mark and the line ends of other systems are skipped.
-// name is how messages call the input. Returns the last line's place, for what is missing in the whole.
-Place for_each_record(std::istream& input, const std::string& name, const std::function<void(Record&)>& use);
+struct RecordType {
+  const char* type;
+  const char* layout;  // as expect_layout takes it; null: free text
+  std::function<void(Record&)> read;
+};
 
-// The same from a file.
-Place for_each_record_of_file(const std::string& path, const std::function<void(Record&)>& use);
+// Calls read for each record of the input. A byte-order mark and the line ends of other systems are skipped. name is
+// how messages call the input. Returns the last line's place, for what is missing in the whole.
+Place read_records(std::istream& input, const std::string& name, const std::vector<RecordType>& types);
+
+// Opened, or an InputError.
+std::ifstream open_input(const std::string& path);
 
 }  // namespace demo
 

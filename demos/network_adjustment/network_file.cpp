@@ -50,27 +50,18 @@ struct PendingObservation {
 
 class Reader {
 public:
-  void read(Record& record);
-  // end: the last line of the file
-  Network finish(const Place& end);
+  explicit Reader(const std::string& name) : name_(name) {}
+
+  Network read(std::istream& input);
 
 private:
-  struct RecordType {
-    const char* type;
-    const char* layout;
-    void (Reader::*read)(Record&);
-  };
-  static const RecordType kTypes[11];
-
   void read_ellipsoid(Record& record);
   void read_fixed_station(Record& record);
   void read_statistic(Record& record);
   void read_baseline(Record& record);
   void read_cluster_baseline(Record& record);
-  void read_cluster_baseline_covariance(Record& record) { read_element(record, baselines_); }
   void read_cluster_scale(Record& record);
   void read_position(Record& record);
-  void read_position_covariance(Record& record) { read_element(record, positions_); }
   void read_published_station(Record& record);
   void read_published_observation(Record& record);
 
@@ -81,14 +72,14 @@ private:
   void resolve_fixed_stations();
   void expect_every_station_tied() const;
   void resolve_published_stations();
-  void resolve_published_observations();
+  void resolve_published_observations(const Place& end);
 
-  [[noreturn]] void fail(int line, const std::string& message) const { demo::fail({end_.file, line}, message); }
+  [[noreturn]] void fail(int line, const std::string& message) const { demo::fail({name_, line}, message); }
   int station(Record& record);
   void read_ends(Record& record, ObservedVector& vector);
   static Coord read_coord(Record& record);
 
-  Place end_;
+  std::string name_;
   Network network_;
   std::map<std::string, int> index_;
   std::map<int, int> baseline_lines_;  // by identifier
@@ -100,21 +91,6 @@ private:
   std::vector<PendingObservation> pending_observations_;
 };
 
-const Reader::RecordType Reader::kTypes[11] = {
-    {"ELLIPSOID", "name a 1/f", &Reader::read_ellipsoid},
-    {"FIX", "station X Y Z", &Reader::read_fixed_station},
-    {"SUM", "key value", &Reader::read_statistic},
-    {"BL", "id from to dX dY dZ cXX cXY cYY cXZ cYZ cZZ scale", &Reader::read_baseline},
-    {"CBL", "k from to dX dY dZ", &Reader::read_cluster_baseline},
-    {"CBLC", "i j value", &Reader::read_cluster_baseline_covariance},
-    {"CBLS", "scale", &Reader::read_cluster_scale},
-    {"CPOS", "k station X Y Z", &Reader::read_position},
-    {"CPOSC", "i j value", &Reader::read_position_covariance},
-    {"ADJ", "station lat lon H h X Y Z sdE sdN sdU", &Reader::read_published_station},
-    {"RES", "kind from to comp measured adjusted correction sdMeas sdAdj sdCorr nstat reliab",
-     &Reader::read_published_observation},
-};
-
 const char* kind_letter(GroupKind kind) {
   switch (kind) {
     case GroupKind::kBaseline:
@@ -124,22 +100,6 @@ const char* kind_letter(GroupKind kind) {
     default:
       return "Y";
   }
-}
-
-void Reader::read(Record& record) {
-  end_ = record.place();
-  for (const RecordType& known : kTypes) {
-    if (record.type() == known.type) {
-      record.expect_layout(known.layout);
-      (this->*known.read)(record);
-      return;
-    }
-  }
-  std::string types;
-  for (const RecordType& known : kTypes) {
-    types += (types.empty() ? "" : ", ") + std::string(known.type);
-  }
-  record.fail("expected one of the record types " + types + ", found \"" + record.type() + "\"");
 }
 
 void Reader::read_statistic(Record& record) {
@@ -396,7 +356,7 @@ void Reader::resolve_published_stations() {
 }
 
 // A published result lists every observation, in the order of the file, or none.
-void Reader::resolve_published_observations() {
+void Reader::resolve_published_observations(const Place& end) {
   if (pending_observations_.empty()) {
     return;
   }
@@ -423,7 +383,7 @@ void Reader::resolve_published_observations() {
     network_.published.observations.push_back(pending.values);
   }
   if (pending_observations_.size() != labels.size()) {
-    fail(end_.line, "expected " + std::to_string(labels.size()) + " RES records, one for each observation, found " +
+    demo::fail(end, "expected " + std::to_string(labels.size()) + " RES records, one for each observation, found " +
                         std::to_string(pending_observations_.size()));
   }
 }
@@ -460,12 +420,25 @@ void Reader::expect_every_station_tied() const {
   }
 }
 
-Network Reader::finish(const Place& end) {
-  end_ = end;
+Network Reader::read(std::istream& input) {
+  const Place end = demo::read_records(
+      input, name_,
+      {{"ELLIPSOID", "name a 1/f", [this](Record& r) { read_ellipsoid(r); }},
+       {"FIX", "station X Y Z", [this](Record& r) { read_fixed_station(r); }},
+       {"SUM", "key value", [this](Record& r) { read_statistic(r); }},
+       {"BL", "id from to dX dY dZ cXX cXY cYY cXZ cYZ cZZ scale", [this](Record& r) { read_baseline(r); }},
+       {"CBL", "k from to dX dY dZ", [this](Record& r) { read_cluster_baseline(r); }},
+       {"CBLC", "i j value", [this](Record& r) { read_element(r, baselines_); }},
+       {"CBLS", "scale", [this](Record& r) { read_cluster_scale(r); }},
+       {"CPOS", "k station X Y Z", [this](Record& r) { read_position(r); }},
+       {"CPOSC", "i j value", [this](Record& r) { read_element(r, positions_); }},
+       {"ADJ", "station lat lon H h X Y Z sdE sdN sdU", [this](Record& r) { read_published_station(r); }},
+       {"RES", "kind from to comp measured adjusted correction sdMeas sdAdj sdCorr nstat reliab",
+        [this](Record& r) { read_published_observation(r); }}});
   close_cluster(baselines_);
   close_cluster(positions_);
   if (network_.groups.empty()) {
-    fail(end_.line, "expected observations (BL, CBL or CPOS records), found none");
+    demo::fail(end, "expected observations (BL, CBL or CPOS records), found none");
   }
   // The order of the published result: baselines, clusters of baselines, positions.
   std::stable_sort(network_.groups.begin(), network_.groups.end(),
@@ -473,20 +446,17 @@ Network Reader::finish(const Place& end) {
   resolve_fixed_stations();
   expect_every_station_tied();
   resolve_published_stations();
-  resolve_published_observations();
+  resolve_published_observations(end);
   return std::move(network_);
 }
 
 }  // namespace
 
-Network read_network(std::istream& input, const std::string& name) {
-  Reader reader;
-  return reader.finish(demo::for_each_record(input, name, [&reader](Record& record) { reader.read(record); }));
-}
+Network read_network(std::istream& input, const std::string& name) { return Reader(name).read(input); }
 
 Network read_network_file(const std::string& path) {
-  Reader reader;
-  return reader.finish(demo::for_each_record_of_file(path, [&reader](Record& record) { reader.read(record); }));
+  std::ifstream input = demo::open_input(path);
+  return read_network(input, path);
 }
 
 }  // namespace network

@@ -21,24 +21,20 @@ constexpr std::size_t kMostCorners = 2000;
 
 class Reader {
 public:
-  void read(Record& record) {
-    for (const RecordType& known : kTypes) {
-      if (record.type() == known.type) {
-        if (known.layout != nullptr) {
-          record.expect_layout(known.layout);
-        }
-        (this->*known.read)(record);
-        return;
-      }
-    }
-    std::string types;
-    for (const RecordType& known : kTypes) {
-      types += (types.empty() ? "" : ", ") + std::string(known.type);
-    }
-    record.fail("expected one of the record types " + types + ", found \"" + record.type() + "\"");
-  }
-
-  RoadPlan finish(const Place& end) {
+  RoadPlan read(std::istream& input, const std::string& name) {
+    const auto element = [this](ElementKind kind) { return [this, kind](Record& r) { read_element(r, kind); }; };
+    const Place end = demo::read_records(
+        input, name,
+        {{"ROAD", nullptr, [this](Record& r) { plan_.title = r.rest(); }},
+         {"BEGIN", "station north east", [this](Record& r) { read_begin(r); }},
+         {"TANGENT", "north east", element(ElementKind::kTangent)},
+         {"ARC3", "north_on_arc east_on_arc north_of_end east_of_end", element(ElementKind::kArcThroughPoint)},
+         {"ARC_FROM_TANGENT", "north east", element(ElementKind::kArcFromTangent)},
+         {"ARC_TO_TANGENT", "north east", element(ElementKind::kArcToTangent)},
+         {"INTERVAL", "metres", [this](Record& r) { read_interval(r); }},
+         {"OFFSETS", "left right", [this](Record& r) { read_offsets(r); }},
+         {"ASBUILT", "name north east design_offset", [this](Record& r) { read_as_built(r); }},
+         {"CORNER", "name north east", [this](Record& r) { read_corner(r); }}});
     if (!begun_) {
       demo::fail(end, "expected BEGIN before the end of the file");
     }
@@ -50,15 +46,6 @@ public:
   }
 
 private:
-  struct RecordType {
-    const char* type;
-    const char* layout;  // null: free text
-    void (Reader::*read)(Record&);
-  };
-  static const RecordType kTypes[10];
-
-  void read_title(Record& record) { plan_.title = record.rest(); }
-
   void read_begin(Record& record) {
     if (begun_) {
       record.fail("expected one BEGIN, found a second");
@@ -69,11 +56,6 @@ private:
     plan_.origin = Point(std::floor(begin.x()), std::floor(begin.y()));
     plan_.begin = Point(begin - plan_.origin);
   }
-
-  void read_tangent(Record& record) { read_element(record, ElementKind::kTangent); }
-  void read_arc(Record& record) { read_element(record, ElementKind::kArcThroughPoint); }
-  void read_arc_from_tangent(Record& record) { read_element(record, ElementKind::kArcFromTangent); }
-  void read_arc_to_tangent(Record& record) { read_element(record, ElementKind::kArcToTangent); }
 
   void read_element(Record& record, ElementKind kind) {
     ElementRequest element{kind, record.place(), Point(0.0), Point(0.0)};
@@ -156,29 +138,13 @@ private:
   std::set<std::string> corner_names_;
 };
 
-const Reader::RecordType Reader::kTypes[10] = {
-    {"ROAD", nullptr, &Reader::read_title},
-    {"BEGIN", "station north east", &Reader::read_begin},
-    {"TANGENT", "north east", &Reader::read_tangent},
-    {"ARC3", "north_on_arc east_on_arc north_of_end east_of_end", &Reader::read_arc},
-    {"ARC_FROM_TANGENT", "north east", &Reader::read_arc_from_tangent},
-    {"ARC_TO_TANGENT", "north east", &Reader::read_arc_to_tangent},
-    {"INTERVAL", "metres", &Reader::read_interval},
-    {"OFFSETS", "left right", &Reader::read_offsets},
-    {"ASBUILT", "name north east design_offset", &Reader::read_as_built},
-    {"CORNER", "name north east", &Reader::read_corner},
-};
-
 }  // namespace
 
-RoadPlan read_road_plan(std::istream& input, const std::string& name) {
-  Reader reader;
-  return reader.finish(demo::for_each_record(input, name, [&reader](Record& record) { reader.read(record); }));
-}
+RoadPlan read_road_plan(std::istream& input, const std::string& name) { return Reader().read(input, name); }
 
 RoadPlan read_road_plan_file(const std::string& path) {
-  Reader reader;
-  return reader.finish(demo::for_each_record_of_file(path, [&reader](Record& record) { reader.read(record); }));
+  std::ifstream input = demo::open_input(path);
+  return read_road_plan(input, path);
 }
 
 }  // namespace stakeout

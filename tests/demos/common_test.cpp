@@ -76,12 +76,12 @@ TEST(RoundDown, OneTwoFive) {
 std::vector<double> numbers(const std::string& line) {
   std::vector<double> found;
   std::istringstream input(line);
-  demo::for_each_record(input, "file", [&](demo::Record& record) {
-    record.expect_layout("a b c");
+  const auto read = [&](demo::Record& record) {
     for (int k = 0; k < 3; ++k) {
       found.push_back(record.number());
     }
-  });
+  };
+  demo::read_records(input, "file", {{"R", "a b c", read}});
   return found;
 }
 
