@@ -251,10 +251,13 @@ ALIDADE_API double RR(const double& a, const double& b, const double& c);
 /// @param h            ellipsoidal height, metres
 /// @param x, y, z      geocentric position, metres
 ///
-/// Six different variables are expected; they are used as working storage, so none may overlap. To geodetic, an *x of
-/// exactly 0 (of either sign) is **changed to 0.0001** in the caller's variable, so that the longitude is defined on
-/// the polar axis: 90 degrees for y > 0, 270 for y < 0, 0 for y = 0. At (0, 0, 0) latitude and height are NaN. The
-/// function always ends, also for NaN and infinite inputs.
+/// Special points, to geodetic:
+/// - (1) An *x of exactly 0 (of either sign) is **changed to 0.0001** in the caller's variable, so that the longitude is
+///   defined on the polar axis: 90 degrees for y > 0, 270 for y < 0 (as nearly as that x allows), 0 for y = 0.
+/// - (2) At (0, 0, 0) latitude and height are NaN.
+/// - (3) The function always ends, also for NaN and infinite inputs.
+///
+/// Six different variables are expected; they are used as working storage, so none may overlap.
 ///
 /// Method: to Cartesian the closed form (IOGP Guidance Note 7-2, method 9602). To geodetic from the geocentric latitude
 /// by at most ten corrections of latitude and height along the meridian's normal and tangent, with h + a for the radius
@@ -282,10 +285,12 @@ ALIDADE_API TAbstractPoint3<double> blh_to_neu(const TAbstractPoint3<double>& bl
 /// @param v  (**east, north, up**), metres, as `blh_to_neu` returns it
 /// @return (elevation in [-pi/2, pi/2], azimuth in [0, 2*pi), distance): radians, radians, metres; elevation first
 ///
-/// For a zero vector both angles are the undefined marker DBL_MAX and the distance is 0. A vector counts as zero when
-/// up is 0 and the sum of the squares of east and north is: components below 1.5e-162 m underflow. An azimuth less than
-/// half a unit in the last place of 2*pi below zero is returned as 2*pi itself, rounded. For (0, 0, up) the azimuth is
-/// 0. Bits: class B (atan2).
+/// - (1) For a zero vector both angles are the undefined marker DBL_MAX and the distance is 0. A vector counts as zero
+///   when up is 0 and the sum of the squares of east and north is: components below 1.5e-162 m underflow.
+/// - (2) For (0, 0, up) the azimuth is 0.
+/// - (3) An azimuth less than half a unit in the last place of 2*pi below zero is returned as 2*pi itself, rounded.
+///
+/// Bits: class B (atan2).
 ALIDADE_API TAbstractPoint3<double> neu_to_polar(const TAbstractPoint3<double>& v);
 
 /// Splits decimal degrees into degrees, minutes and seconds, as fields show them.
@@ -295,16 +300,15 @@ ALIDADE_API TAbstractPoint3<double> neu_to_polar(const TAbstractPoint3<double>& 
 /// @param m    receives whole minutes, 0 to **60**
 /// @param s    receives seconds with their fraction
 ///
-/// The sign of a negative angle stands on the first part that is not 0 (degrees, else minutes, else seconds); the
-/// others are not negative: -0.5 gives (0, -30, 0), -12.5 gives (-12, 30, 0).
+/// - (1) The sign of a negative angle stands on the first part that is not 0 (degrees, else minutes, else seconds); the
+///   others are not negative: -0.5 gives (0, -30, 0), -12.5 gives (-12, 30, 0).
+/// - (2) 0.0001 minute is added before the minutes are cut, so that 29.9999999 minutes show as 30. There is no carry, and
+///   that is deliberate: within 0.006 seconds below a whole minute m is that minute and s the small positive distance
+///   **below** it, so that the parts no longer add up to the angle by up to 0.012 seconds; within the same distance
+///   below a whole degree m is 60 and d stays: 10.999999 gives (10, 60, 0.0036).
+/// - (3) Degrees outside the range of int, and NaN, give the smallest int in d on every platform (and then in m).
 ///
-/// 0.0001 minute is added before the minutes are cut, so that 29.9999999 minutes show as 30. There is no carry, and
-/// that is deliberate: within 0.006 seconds below a whole minute m is that minute and s the small positive distance
-/// **below** it, so that the parts no longer add up to the angle by up to 0.012 seconds; within the same distance below
-/// a whole degree m is 60 and d stays: 10.999999 gives (10, 60, 0.0036).
-///
-/// Degrees outside the range of int, and NaN, give the smallest int in d on every platform (and then in m). Bits:
-/// class A.
+/// Bits: class A.
 ALIDADE_API void deg_to_dms(double deg, int* d, int* m, double* s);
 
 /// Joins degrees, minutes and seconds to decimal degrees.

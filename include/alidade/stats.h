@@ -50,10 +50,12 @@ ALIDADE_API void CHI_2SDE(int level, int df, float* const out);  // NOLINT(reada
 /// @return the tau that a residual, divided by its standard deviation a posteriori, exceeds with that probability: 0 to
 ///         sqrt(f) up to rounding. sqrt(f) for alpha <= 0, 0 for alpha > 1
 ///
-/// For alpha = 1, where 0 is exact, the result lies within 1e-20 of it on either side: TAU(10, 5, 1.0) is -2.5e-22.
-/// With alpha > 0 an f below 2, zero and negative ones too, gives what f = 2 gives, up to sqrt(2); with alpha <= 0 the
-/// square root of a negative f is a NaN. n below 1 is not guarded: NaN, or a number without meaning. To apply
-/// Bonferroni's alpha/n pass n = 1 and alpha/n. Time grows with f, up to 50 sums of f/2 terms.
+/// - (1) For alpha = 1, where 0 is exact, the result is within 1e-20 of it on either side: TAU(10, 5, 1.0) is -2.5e-22.
+/// - (2) With alpha > 0 an f below 2, zero and negative ones too, gives what f = 2 gives, up to sqrt(2); with alpha <= 0
+///   the square root of a negative f is a NaN.
+/// - (3) n below 1 is not guarded: NaN, or a number without meaning.
+///
+/// To apply Bonferroni's alpha/n pass n = 1 and alpha/n. Time grows with f, up to 50 sums of f/2 terms.
 ///
 /// Method: A. J. Pope (1976), The statistics of residuals and the detection of outliers, NOAA Technical Report NOS 65
 /// NGS 1: tau = sqrt(f) r, r = t/sqrt(t^2 + f - 1), t the two-sided Student quantile with f - 1 degrees of freedom. t

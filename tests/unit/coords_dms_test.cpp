@@ -31,6 +31,7 @@ void expect_dms(double degrees, int d, int m, double s, double tolerance) {
   EXPECT_NEAR(r.s, s, tolerance) << degrees;
 }
 
+// deg_to_dms (1).
 TEST(CoordDms, SignStandsOnTheFirstPartThatIsNotZero) {
   expect_dms(-0.5, 0, -30, 0.0, 0.0);
   expect_dms(-0.001, 0, 0, -3.6, 1e-14);
@@ -40,6 +41,7 @@ TEST(CoordDms, SignStandsOnTheFirstPartThatIsNotZero) {
   CHECK_BITS(split(-0.5).s, 0.0);
 }
 
+// deg_to_dms (2).
 TEST(CoordDms, NoCarry) {
   // 10.999999 degrees are 10 degrees 59.99994 minutes: within the guard of the next minute, 0.0036 seconds below it.
   expect_dms(10.999999, 10, 60, 0.0036, 1e-9);
@@ -59,6 +61,7 @@ TEST(CoordDms, Zeros) {
 }
 
 // Outside the range of int the whole degrees are the smallest int, on every machine; its opposite is itself.
+// deg_to_dms (3).
 TEST(CoordDms, OutsideTheRangeOfInt) {
   for (const double huge :
        {2147483648.0, 1e300, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {

@@ -260,6 +260,7 @@ TEST(CoordGeodToXyz, AnyNonZeroSelectorGoesToCartesian) {
   }
 }
 
+// geod_to_xyz (1).
 TEST(CoordGeodToXyz, NudgesXOnTheMeridianPlane) {
   for (const double y : {6378137.0, -6378137.0}) {
     for (const double zero : {0.0, -0.0}) {
@@ -281,6 +282,7 @@ TEST(CoordGeodToXyz, LongitudeBelowFullTurn) {
   EXPECT_GT(v[1], 359.9999999);
 }
 
+// geod_to_xyz (2).
 TEST(CoordGeodToXyz, CentreGivesNaN) {
   double v[6] = {1.0, 2.0, 3.0, 0.0, 0.0, 0.0};
   geod_to_xyz(0, 6378137.0, 1.0 / 298.257223563, v, v + 1, v + 2, v + 3, v + 4, v + 5);
@@ -288,6 +290,21 @@ TEST(CoordGeodToXyz, CentreGivesNaN) {
   EXPECT_TRUE(std::isnan(v[2]));
   CHECK_BITS(v[1], 0.0);  // the longitude of the nudged point
   CHECK_BITS(v[3], 0.0001);
+}
+
+// geod_to_xyz (3).
+TEST(CoordGeodToXyz, EndsForNaNAndInfinity) {
+  for (const double x : {1.0, kInfinity, -kInfinity, kNaN}) {
+    for (const double y : {-1.0, kInfinity, kNaN}) {
+      for (const double z : {5.0, 1e300, -kInfinity, kNaN}) {
+        double v[6] = {kNaN, kNaN, kNaN, x, y, z};
+        geod_to_xyz(0, 6378137.0, 1.0 / 298.257223563, v, v + 1, v + 2, v + 3, v + 4, v + 5);
+        if (!std::isfinite(x) || !std::isfinite(y) || !std::isfinite(z)) {
+          EXPECT_FALSE(std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2])) << x << ' ' << y << ' ' << z;
+        }
+      }
+    }
+  }
 }
 
 TEST(CoordGeodToXyz, PoleIsReached) {

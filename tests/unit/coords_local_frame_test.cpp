@@ -152,6 +152,7 @@ TEST(CoordLocalFrame, FreeFunctionPutsEastFirst) {
   EXPECT_EQ(enu[2], 0.0);
 }
 
+// neu_to_polar (1).
 TEST(CoordLocalFrame, PolarOfZeroIsMarkedUndefined) {
   for (const double zero : {0.0, -0.0}) {
     const TAbstractPoint3<double> polar = neu_to_polar(TAbstractPoint3<double>(zero, -zero, zero));
@@ -166,6 +167,7 @@ TEST(CoordLocalFrame, PolarOfZeroIsMarkedUndefined) {
   CHECK_BITS(tiny[2], 0.0);
 }
 
+// neu_to_polar (2).
 TEST(CoordLocalFrame, PolarOfTheVertical) {
   const TAbstractPoint3<double> polar = neu_to_polar(TAbstractPoint3<double>(0.0, 0.0, -5.0));
   CHECK_BITS(polar[0], -kHalfPi);
@@ -178,6 +180,7 @@ TEST(CoordLocalFrame, PolarQuadrants) {
   CHECK_BITS(neu_to_polar(TAbstractPoint3<double>(3.0, 0.0, 4.0))[2], 5.0);
   CHECK_BITS(neu_to_polar(TAbstractPoint3<double>(-3.0, 0.0, 0.0))[1], -kHalfPi + kFullTurn);
   CHECK_BITS(neu_to_polar(TAbstractPoint3<double>(0.0, -1.0, 0.0))[1], 3.141592653589793);
+  CHECK_BITS(neu_to_polar(TAbstractPoint3<double>(-1e-20, 1.0, 0.0))[1], kFullTurn);  // neu_to_polar (3)
 }
 
 }  // namespace

@@ -131,7 +131,7 @@ TEST(StatsTau, OneResidualNeedsNoCorrection) {
   EXPECT_LT(TAU(1, 20, 0.05), TAU(20, 20, 0.05));
 }
 
-// Zero is exact there, and the iteration comes within 1e-20 of it, from either side.
+// TAU (1).
 TEST(StatsTau, CertaintyGivesZeroUpToRounding) {
   for (const int n : {1, 2, 10, 1000}) {
     for (int f = 2; f <= 3000; ++f) {
@@ -140,6 +140,7 @@ TEST(StatsTau, CertaintyGivesZeroUpToRounding) {
   }
 }
 
+// TAU (2) and TAU (3).
 TEST(StatsTau, UnguardedArgumentsEnd) {
   for (const int n : {0, -1, INT_MIN, 1, INT_MAX}) {
     for (const int f : {INT_MIN, -3, 0, 1, 2, 3, 4, 5}) {
