@@ -74,6 +74,18 @@ configure() {
   cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@"
 }
 
+# try_package BUILD [CMAKE ARGUMENTS]: installs a finished build; a consumer must find the package and run, and the installed
+# alidade-verify must start.
+try_package() {
+  build=$1
+  shift
+  cmake --install "$build" --prefix "$build/installed" >/dev/null
+  cmake -S "$root/tests/package/consumer" -B "$build/consumer" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+    -DCMAKE_PREFIX_PATH="$build/installed" -DCMAKE_RUNTIME_OUTPUT_DIRECTORY="$build/installed/bin" "$@"
+  cmake --build "$build/consumer"
+  ctest --test-dir "$build/consumer" --output-on-failure --no-tests=error
+}
+
 # cross PLATFORM TOOLCHAIN [CMAKE ARGUMENTS]: configures, builds and tests for another processor
 cross() {
   setup
@@ -85,4 +97,5 @@ cross() {
     -DALIDADE_BUILD_EXAMPLES=OFF "$@"
   cmake --build "$build"
   test_build "$platform" -O2 "$build"
+  try_package "$build" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake"
 }
