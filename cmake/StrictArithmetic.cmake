@@ -16,3 +16,27 @@ function(alidade_strict_arithmetic target)
     endif()
   endif()
 endfunction()
+
+# alidade_refuse_fast_math(): stops where the flags of the user, or of the project around us, give up the bits. The options
+# above undo -ffast-math for the compiler only, and at the link it adds start-up code that sets flush-to-zero for every
+# program that loads the library; the other flags are not undone at all.
+function(alidade_refuse_fast_math)
+  get_directory_property(compile_options COMPILE_OPTIONS)
+  get_directory_property(link_options LINK_OPTIONS)
+  set(names compile_options link_options CMAKE_CXX_COMPILER_ARG1)
+  string(TOUPPER "${CMAKE_BUILD_TYPE};${CMAKE_CONFIGURATION_TYPES}" types)
+  foreach(name IN ITEMS CMAKE_CXX_FLAGS CMAKE_SHARED_LINKER_FLAGS CMAKE_EXE_LINKER_FLAGS)
+    list(APPEND names ${name})
+    foreach(type IN LISTS types)
+      list(APPEND names ${name}_${type})
+    endforeach()
+  endforeach()
+  set(math "fast|unsafe|associative|reciprocal|finite")
+  foreach(name IN LISTS names)
+    if("${${name}}" MATCHES "(^|[ ;])(-Ofast|-f(${math})-math[a-z-]*|-fno-signed-zeros|-mdaz-ftz)([ ;]|$)")
+      message(FATAL_ERROR "alidade's results are fixed to the bit: build it without ${CMAKE_MATCH_2} (in ${name}). A "
+                          "program that uses it may be compiled with that flag, but not linked with it: "
+                          "target_compile_options(your_program PRIVATE ${CMAKE_MATCH_2}).")
+    endif()
+  endforeach()
+endfunction()

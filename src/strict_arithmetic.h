@@ -6,8 +6,9 @@
 
 #include <cfloat>
 
-#if defined(__FAST_MATH__)
-#error "alidade's results are fixed to the bit: build without -ffast-math"
+#if defined(__FAST_MATH__) || defined(__ASSOCIATIVE_MATH__) || defined(__RECIPROCAL_MATH__) || \
+    (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__)
+#error "alidade's results are fixed to the bit: build without -ffast-math and its parts"
 #endif
 #if defined(FLT_EVAL_METHOD) && FLT_EVAL_METHOD != 0
 #error "alidade's results are fixed to the bit: on 32-bit x86 build with -msse2 -mfpmath=sse"
