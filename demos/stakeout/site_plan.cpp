@@ -24,7 +24,7 @@ constexpr double kHalfTurn = 3.141592653589793;
 constexpr double kStationLabelInterval = 50.0;
 constexpr double kMostStationLabels = 60.0;  // on a long road they stand farther apart
 constexpr std::size_t kMostStakes = 2000;    // of a long road every second, third ... is drawn
-constexpr double kMostSteps = 2000.0;        // along a line that labels keep clear of
+constexpr double kMostSteps = 2000.0;        // along the axis, which labels keep clear of
 
 // From metres, north up, to picture units, y down. Keeps angles.
 class Projection {
@@ -177,8 +177,9 @@ private:
 
   void request_stations() {
     const double length = alignment_.end_station() - alignment_.begin_station();
-    const double interval =
-        kStationLabelInterval * std::max(1.0, std::ceil(length / (kStationLabelInterval * kMostStationLabels)));
+    // A step of 1, 2, 5, 10 ... is at least 0.4 of the next one.
+    const double least = length / kMostStationLabels;
+    const double interval = least > kStationLabelInterval ? demo::round_down(2.5 * least) : kStationLabelInterval;
     const double first = std::ceil(alignment_.begin_station() / interval);
     for (double k = first; k * interval <= alignment_.end_station(); ++k) {
       const double station = k * interval;
@@ -195,15 +196,6 @@ private:
     const auto at_start = [station](const Element& e) { return std::fabs(e.station - station) < 1.0; };
     return std::any_of(elements.begin(), elements.end(), at_start) ||
            std::fabs(alignment_.end_station() - station) < 1.0;
-  }
-
-  // Points along a line, some pixels apart, as boxes.
-  static void avoid(demo::Obstacles& obstacles, const Segment& line) {
-    const Point along(line.to - line.from);
-    const double steps = std::clamp(std::ceil(along.Module() / 4.0), 1.0, kMostSteps);
-    for (double k = 0.0; k <= steps; ++k) {
-      obstacles.soft.emplace_back(box_around(Point(line.from + along * (k / steps)), 1.0, 1.0), 8.0);
-    }
   }
 
   demo::Obstacles obstacles() const {
@@ -224,11 +216,9 @@ private:
     obstacles.solid.emplace_back(arrow.x() - 22.0, arrow.y() - 22.0, arrow.x() + 22.0, arrow.y() + 64.0);
     obstacles.solid.emplace_back(bar.x() - 8.0, bar.y() - 24.0, bar.x() + kScaleBar + 60.0, bar.y() + 26.0);
     for (std::size_t i = 0; i < drawing_.parcel.size(); ++i) {
-      avoid(obstacles, {drawing_.parcel[i], drawing_.parcel[(i + 1) % drawing_.parcel.size()]});
+      obstacles.lines.push_back({drawing_.parcel[i], drawing_.parcel[(i + 1) % drawing_.parcel.size()]});
     }
-    for (const Segment& s : drawing_.perpendiculars) {
-      avoid(obstacles, s);
-    }
+    obstacles.lines.insert(obstacles.lines.end(), drawing_.perpendiculars.begin(), drawing_.perpendiculars.end());
     return obstacles;
   }
 
