@@ -211,6 +211,47 @@ inline void compare_large() {
   }
 }
 
+// A target with fewer rows than the product, in a buffer that is large enough: its columns overlap, so that the order
+// in which the elements are reached shows in the bits.
+inline void compare_overlapping() {
+  int counter = 0;
+  for (int a : {2, 5, 16, 40}) {
+    for (int rows : {0, 1, a / 2, a - 1}) {
+      for (char op : {'=', '|', '+', '-'}) {
+        const Case c = {op, product_cases::next_kind(counter), a, 17, 9, 0, 0};
+        nasty::Random random = c.random();
+        DenseOperand wide(a, c.b, c.kind, random), tall(c.c, a, c.kind, random);
+        DenseOperand other(c.c, c.b, c.kind, random);
+        PackedOperand sa(a, c.kind, random), sb(c.b, c.kind, random);
+        const TMatrix Wide = wide.view(), Tall = tall.view(), Other = other.view();
+        const TSMatrix Sa = sa.view(), Sb = sb.view();
+        const nasty::Buffer target(static_cast<std::ptrdiff_t>(rows) * c.b + a, c.kind, random);
+        const auto compare = [&](const char* name, const auto& tested, const auto& expected) {
+          nasty::expect_same_bits(
+              target,
+              [&](double* t) {
+                TMatrix T(t, rows, c.b);
+                tested(T);
+              },
+              [&](double* t) {
+                expected(Dense{t, rows, c.b});
+              },
+              [&] { return c.text(name) + " rows " + std::to_string(rows); });
+        };
+        compare(
+            "MATRopS_R", [&](TMatrix& T) { MATRopS_R(T, op, Sa, Wide); },
+            [&](Dense t) { reference::MATRopS_R(t, op, sa.plain(), wide.plain()); });
+        compare(
+            "MATRopR_S", [&](TMatrix& T) { MATRopR_S(T, op, Wide, Sb); },
+            [&](Dense t) { reference::MATRopR_S(t, op, wide.plain(), sb.plain()); });
+        compare(
+            "MATRopR1t_R", [&](TMatrix& T) { MATRopR1t_R(T, op, Tall, Other); },
+            [&](Dense t) { reference::MATRopR1t_R(t, op, tall.plain(), other.plain()); });
+      }
+    }
+  }
+}
+
 inline void compare_negative() {
   for (char op : product_cases::kCodes) {
     compare_family({op, nasty::Kind::kUnit, -1, 3, 2, 4, 0});

@@ -10,6 +10,7 @@ TEST(Operators, SmallShapesEqualTheReference) { operator_cases::compare_small();
 
 TEST(Operators, LargeShapesEqualTheReference) { operator_cases::compare_large(); }
 
+TEST(Operators, TargetsWithOverlappingColumns) { operator_cases::compare_overlapping(); }
 TEST(Operators, NegativeSizesDoNothing) { operator_cases::compare_negative(); }
 
 // R = (1 2; 3 4; 5 6) by columns; R'R = 35, 44, 56.

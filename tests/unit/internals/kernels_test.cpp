@@ -49,6 +49,7 @@ TEST_P(Kernels, MixedProducts) { product_cases::compare_mixed_products(); }
 TEST_P(Kernels, CongruenceProducts) { product_cases::compare_congruence_products(); }
 TEST_P(Kernels, OperatorsOnSmallShapes) { operator_cases::compare_small(); }
 TEST_P(Kernels, OperatorsOnLargeShapes) { operator_cases::compare_large(); }
+TEST_P(Kernels, OperatorsOnTargetsWithOverlappingColumns) { operator_cases::compare_overlapping(); }
 TEST_P(Kernels, OperatorsOnNegativeSizes) { operator_cases::compare_negative(); }
 
 TEST_P(Kernels, DefiniteMatrices) { inversion_cases::compare_definite(); }
