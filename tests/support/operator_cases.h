@@ -11,8 +11,8 @@
 #include <sstream>
 #include <string>
 
-#include "reference/operators.h"
 #include "support/nasty.h"
+#include "support/operator_calls.h"
 #include "support/product_cases.h"
 
 namespace operator_cases {
@@ -68,9 +68,9 @@ struct Case {
 
 // A packed target for a product of the given order. It has `extra` rows more, and its active order is then narrowed,
 // possibly to less than the product's.
-template <class Tested, class Reference>
-void compare_packed(const char* name, const Case& c, int order, nasty::Random& random, Tested tested,
-                    Reference reference) {
+template <class Call, class... Operand>
+void compare_packed(const char* name, const Call& call, const Case& c, int order, nasty::Random& random,
+                    Operand&... operands) {
   const int full = std::max(order, 0) + c.extra;
   const int active = std::max(full - c.narrow, 0);
   const nasty::Buffer target(packed(full), c.kind, random);
@@ -79,27 +79,29 @@ void compare_packed(const char* name, const Case& c, int order, nasty::Random& r
       [&](double* t) {
         TSMatrix T(t, full);
         T.SetDim1(active);
-        tested(T);
+        call(T, c.op, operands.view()...);
       },
       [&](double* t) {
-        reference(Packed{t, active});
+        Packed T{t, active};
+        call(T, c.op, operands.plain()...);
       },
       [&] { return c.text(name); });
 }
 
 // A dense target of n1 x n2 elements.
-template <class Tested, class Reference>
-void compare_dense(const char* name, const Case& c, int n1, int n2, nasty::Random& random, Tested tested,
-                   Reference reference) {
+template <class Call, class... Operand>
+void compare_dense(const char* name, const Call& call, const Case& c, int n1, int n2, nasty::Random& random,
+                   Operand&... operands) {
   const nasty::Buffer target(dense(n1, n2), c.kind, random);
   nasty::expect_same_bits(
       target,
       [&](double* t) {
         TMatrix T(t, n1, n2);
-        tested(T);
+        call(T, c.op, operands.view()...);
       },
       [&](double* t) {
-        reference(Dense{t, n1, n2});
+        Dense T{t, n1, n2};
+        call(T, c.op, operands.plain()...);
       },
       [&] { return c.text(name); });
 }
@@ -108,23 +110,11 @@ inline void compare_packed_targets(const Case& c) {
   nasty::Random random = c.random();
   DenseOperand r(c.a, c.b, c.kind, random), r2(c.a, c.b, c.kind, random);
   PackedOperand sa(c.a, c.kind, random), sb(c.b, c.kind, random), sa2(c.a, c.kind, random);
-  const TMatrix R = r.view(), R2 = r2.view();
-  const TSMatrix Sa = sa.view(), Sb = sb.view(), Sa2 = sa2.view();
-  compare_packed(
-      "SMATRopRt_S_R", c, c.b, random, [&](TSMatrix& T) { SMATRopRt_S_R(T, c.op, R, Sa); },
-      [&](Packed t) { reference::SMATRopRt_S_R(t, c.op, r.plain(), sa.plain()); });
-  compare_packed(
-      "SMATRopRt_R", c, c.b, random, [&](TSMatrix& T) { SMATRopRt_R(T, c.op, R); },
-      [&](Packed t) { reference::SMATRopRt_R(t, c.op, r.plain()); });
-  compare_packed(
-      "SMATRopABti", c, c.a, random, [&](TSMatrix& T) { SMATRopABti(T, c.op, R, R2); },
-      [&](Packed t) { reference::SMATRopABti(t, c.op, r.plain(), r2.plain()); });
-  compare_packed(
-      "SMATRopS1_S2", c, c.a, random, [&](TSMatrix& T) { SMATRopS1_S2(T, c.op, Sa, Sa2); },
-      [&](Packed t) { reference::SMATRopS1_S2(t, c.op, sa.plain(), sa2.plain()); });
-  compare_packed(
-      "SMATRopR_S_Rt", c, c.a, random, [&](TSMatrix& T) { SMATRopR_S_Rt(T, c.op, R, Sb); },
-      [&](Packed t) { reference::SMATRopR_S_Rt(t, c.op, r.plain(), sb.plain()); });
+  compare_packed("SMATRopRt_S_R", operator_calls::rt_s_r, c, c.b, random, r, sa);
+  compare_packed("SMATRopRt_R", operator_calls::rt_r, c, c.b, random, r);
+  compare_packed("SMATRopABti", operator_calls::a_bt, c, c.a, random, r, r2);
+  compare_packed("SMATRopS1_S2", operator_calls::s1_s2, c, c.a, random, sa, sa2);
+  compare_packed("SMATRopR_S_Rt", operator_calls::r_s_rt, c, c.a, random, r, sb);
 }
 
 // Targets of the three members that address and clear them by their own shape.
@@ -133,17 +123,9 @@ inline void compare_own_targets(const Case& c) {
   DenseOperand r(c.a, c.b, c.kind, random);
   DenseOperand taller(c.a > 0 ? c.a + c.extra : c.a, c.c, c.kind, random);
   PackedOperand sa(c.a, c.kind, random), sb(c.b, c.kind, random);
-  const TMatrix R = r.view(), Taller = taller.view();
-  const TSMatrix Sa = sa.view(), Sb = sb.view();
-  compare_dense(
-      "MATRopS_R", c, c.a + c.extra, c.b + c.extra, random, [&](TMatrix& T) { MATRopS_R(T, c.op, Sa, R); },
-      [&](Dense t) { reference::MATRopS_R(t, c.op, sa.plain(), r.plain()); });
-  compare_dense(
-      "MATRopR_S", c, c.a + c.extra, c.b + c.extra, random, [&](TMatrix& T) { MATRopR_S(T, c.op, R, Sb); },
-      [&](Dense t) { reference::MATRopR_S(t, c.op, r.plain(), sb.plain()); });
-  compare_dense(
-      "MATRopR1t_R", c, c.b + c.extra, c.c + c.extra, random, [&](TMatrix& T) { MATRopR1t_R(T, c.op, R, Taller); },
-      [&](Dense t) { reference::MATRopR1t_R(t, c.op, r.plain(), taller.plain()); });
+  compare_dense("MATRopS_R", operator_calls::s_r, c, c.a + c.extra, c.b + c.extra, random, sa, r);
+  compare_dense("MATRopR_S", operator_calls::r_s, c, c.a + c.extra, c.b + c.extra, random, r, sb);
+  compare_dense("MATRopR1t_R", operator_calls::r1t_r, c, c.b + c.extra, c.c + c.extra, random, r, taller);
 }
 
 // Targets of the four members that address and clear them by the product's extents. The target's own shape has the
@@ -156,24 +138,12 @@ inline void compare_product_targets(const Case& c) {
   DenseOperand bc_wider(c.b, c.c > 0 ? c.c + c.extra : c.c, c.kind, random);
   DenseOperand dc(c.extra + 2, c.c, c.kind, random);
   PackedOperand sb(c.b, c.kind, random);
-  const TMatrix AB = ab.view(), ABwider = ab_wider.view(), BCtaller = bc_taller.view(), CB = cb.view();
-  const TMatrix BCwider = bc_wider.view(), DC = dc.view();
-  const TSMatrix Sb = sb.view();
   const int n1 = std::max(c.c, 0) + c.extra;  // rows and columns swapped
   const int n2 = std::max(c.a, 0) + c.extra;
-  compare_dense(
-      "MATRopR1_R2", c, n1, n2, random, [&](TMatrix& T) { MATRopR1_R2(T, c.op, AB, BCtaller); },
-      [&](Dense t) { reference::MATRopR1_R2(t, c.op, ab.plain(), bc_taller.plain()); });
-  compare_dense(
-      "MATRopR1_R2t", c, n1, n2, random, [&](TMatrix& T) { MATRopR1_R2t(T, c.op, ABwider, CB); },
-      [&](Dense t) { reference::MATRopR1_R2t(t, c.op, ab_wider.plain(), cb.plain()); });
-  compare_dense(
-      "MATRopR1_S_R2t", c, n1, n2, random, [&](TMatrix& T) { MATRopR1_S_R2t(T, c.op, ABwider, Sb, CB); },
-      [&](Dense t) { reference::MATRopR1_S_R2t(t, c.op, ab_wider.plain(), sb.plain(), cb.plain()); });
-  compare_dense(
-      "MATRopR1_R2_R3t", c, c.extra + 3, n2, random,
-      [&](TMatrix& T) { MATRopR1_R2_R3t(T, c.op, ABwider, BCwider, DC); },
-      [&](Dense t) { reference::MATRopR1_R2_R3t(t, c.op, ab_wider.plain(), bc_wider.plain(), dc.plain()); });
+  compare_dense("MATRopR1_R2", operator_calls::r1_r2, c, n1, n2, random, ab, bc_taller);
+  compare_dense("MATRopR1_R2t", operator_calls::r1_r2t, c, n1, n2, random, ab_wider, cb);
+  compare_dense("MATRopR1_S_R2t", operator_calls::r1_s_r2t, c, n1, n2, random, ab_wider, sb, cb);
+  compare_dense("MATRopR1_R2_R3t", operator_calls::r1_r2_r3t, c, c.extra + 3, n2, random, ab_wider, bc_wider, dc);
 }
 
 inline void compare_family(const Case& c) {

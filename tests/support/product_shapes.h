@@ -15,6 +15,7 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <memory>
 #include <sstream>
@@ -22,12 +23,12 @@
 #include <utility>
 #include <vector>
 
-#include "reference/operators.h"
 #include "reference/products.h"
 #include "support/bits.h"
 #include "support/guarded_buffer.h"
 #include "support/kernel_sets.h"
 #include "support/nasty.h"
+#include "support/operator_calls.h"
 #include "support/product_cases.h"
 
 namespace product_shapes {
@@ -59,7 +60,7 @@ struct Form {
 };
 
 using Operands = std::array<double*, 3>;
-using Function = void (*)(const Operands& in, double* target, const Shape& shape, char op);
+using Function = std::function<void(const Operands& in, double* target, const Shape& shape, char op)>;
 
 struct Product {
   std::string name;
@@ -78,30 +79,48 @@ struct Product {
 
 inline std::ostream& operator<<(std::ostream& out, const Product& product) { return out << product.name; }
 
-inline Form dense(Extent rows, Extent columns) { return {Layout::kDense, rows, columns}; }
-inline Form packed(Extent order) { return {Layout::kPacked, order, order}; }
-inline Form packed(Extent rows, Extent columns) { return {Layout::kPacked, rows, columns}; }
+// Known to the compiler as dense or packed, so that the views of an operand can be made from its form.
+struct DenseForm : Form {};
+struct PackedForm : Form {};
+
+inline DenseForm dense(Extent rows, Extent columns) { return {{Layout::kDense, rows, columns}}; }
+inline PackedForm packed(Extent rows, Extent columns) { return {{Layout::kPacked, rows, columns}}; }
+inline PackedForm packed(Extent order) { return packed(order, order); }
 inline Form diagonal(Extent rows, Extent columns) { return {Layout::kDiagonal, rows, columns}; }
-inline Form vector(Extent length) { return {Layout::kDiagonal, length, length}; }
-inline Form higher(Form form) { return {form.layout, form.rows, form.columns, true, false}; }
-inline Form larger(Form form) { return {form.layout, form.rows, form.columns, true, true}; }
-
-inline TMatrix view(double* data, int rows, int columns) { return TMatrix(data, rows, columns); }
-inline TSMatrix view(double* data, int order) { return TSMatrix(data, order); }
-using reference::Dense;
-using reference::Packed;
-
-template <int kA, int kB>
-void mixed(const Operands& in, double* t, const Shape& s, char) {
-  SMatrProduct(in[0], in[1], t, s[kRows], s[kTerms], kA, kB, s[kColumns]);
+inline Form vector(Extent length) { return diagonal(length, length); }
+template <class F>
+F higher(F form) {
+  form.higher = true;
+  return form;
 }
-template <int kA, int kB>
-void mixed_reference(const Operands& in, double* t, const Shape& s, char) {
-  reference::mixed_product(in[0], in[1], t, s[kRows], s[kTerms], kA, kB, s[kColumns]);
+template <class F>
+F larger(F form) {
+  form.higher = form.wider = true;
+  return form;
 }
 
 inline std::vector<char> all_codes() {
   return std::vector<char>(std::begin(product_cases::kCodes), std::end(product_cases::kCodes));
+}
+
+// SMatrProduct with operands in the given modes.
+inline Product mixed(int a, int b) {
+  const std::string kNames[] = {"Dense", "Packed", "Diagonal"};
+  const auto form = [](int mode, Extent rows, Extent columns) -> Form {
+    return mode == 0 ? dense(rows, columns) : mode == 1 ? packed(rows, columns) : diagonal(rows, columns);
+  };
+  const bool diagonals = a == 2 && b == 2;
+  return {"SMatrProduct" + kNames[a] + kNames[b],
+          {form(a, kRows, diagonals ? kRows : kTerms), diagonals ? vector(kRows) : form(b, kTerms, kColumns)},
+          diagonals ? vector(kRows) : dense(kRows, kColumns),
+          {'='},
+          false,
+          [a, b](const Operands& in, double* t, const Shape& s, char) {
+            SMatrProduct(in[0], in[1], t, s[kRows], s[kTerms], a, b, s[kColumns]);
+          },
+          [a, b](const Operands& in, double* t, const Shape& s, char) {
+            reference::mixed_product(in[0], in[1], t, s[kRows], s[kTerms], a, b, s[kColumns]);
+          }};
 }
 
 // The product kernels. Those with a diagonal factor are in a list of their own: no instruction set treats them apart.
@@ -129,34 +148,10 @@ inline std::vector<Product> kernels() {
        [](const Operands& in, double* t, const Shape& s, char) {
          reference::transposed_product(in[0], in[1], t, s[kTerms], s[kRows], s[kColumns]);
        }},
-      {"SMatrProductDenseDense",
-       {dense(kRows, kTerms), dense(kTerms, kColumns)},
-       dense(kRows, kColumns),
-       {'='},
-       false,
-       mixed<0, 0>,
-       mixed_reference<0, 0>},
-      {"SMatrProductDensePacked",
-       {dense(kRows, kTerms), packed(kTerms, kColumns)},
-       dense(kRows, kColumns),
-       {'='},
-       false,
-       mixed<0, 1>,
-       mixed_reference<0, 1>},
-      {"SMatrProductPackedDense",
-       {packed(kRows, kTerms), dense(kTerms, kColumns)},
-       dense(kRows, kColumns),
-       {'='},
-       false,
-       mixed<1, 0>,
-       mixed_reference<1, 0>},
-      {"SMatrProductPackedPacked",
-       {packed(kRows, kTerms), packed(kTerms, kColumns)},
-       dense(kRows, kColumns),
-       {'='},
-       false,
-       mixed<1, 1>,
-       mixed_reference<1, 1>},
+      mixed(0, 0),
+      mixed(0, 1),
+      mixed(1, 0),
+      mixed(1, 1),
       {"SMatrProductAQAt",
        {dense(kRows, kTerms), packed(kTerms)},
        packed(kRows),
@@ -183,203 +178,69 @@ inline std::vector<Product> kernels() {
 }
 
 inline std::vector<Product> diagonal_kernels() {
-  const Form target = dense(kRows, kColumns);
-  return {
-      {"SMatrProductDenseDiagonal",
-       {dense(kRows, kTerms), diagonal(kTerms, kColumns)},
-       target,
-       {'='},
-       false,
-       mixed<0, 2>,
-       mixed_reference<0, 2>},
-      {"SMatrProductDiagonalDense",
-       {diagonal(kRows, kTerms), dense(kTerms, kColumns)},
-       target,
-       {'='},
-       false,
-       mixed<2, 0>,
-       mixed_reference<2, 0>},
-      {"SMatrProductPackedDiagonal",
-       {packed(kRows, kTerms), diagonal(kTerms, kColumns)},
-       target,
-       {'='},
-       false,
-       mixed<1, 2>,
-       mixed_reference<1, 2>},
-      {"SMatrProductDiagonalPacked",
-       {diagonal(kRows, kTerms), packed(kTerms, kColumns)},
-       target,
-       {'='},
-       false,
-       mixed<2, 1>,
-       mixed_reference<2, 1>},
-      {"SMatrProductDiagonals",
-       {vector(kRows), vector(kRows)},
-       vector(kRows),
-       {'='},
-       false,
-       mixed<2, 2>,
-       mixed_reference<2, 2>},
-  };
+  return {mixed(0, 2), mixed(2, 0), mixed(1, 2), mixed(2, 1), mixed(2, 2)};
+}
+
+// What the library and what the reference take for an operand.
+struct Tested {
+  static TMatrix view(const DenseForm& f, double* p, const Shape& s) {
+    return TMatrix(p, f.row_count(s), f.column_count(s));
+  }
+  static TSMatrix view(const PackedForm& f, double* p, const Shape& s) { return TSMatrix(p, f.row_count(s)); }
+};
+struct Literal {
+  static reference::Dense view(const DenseForm& f, double* p, const Shape& s) {
+    return {p, f.row_count(s), f.column_count(s)};
+  }
+  static reference::Packed view(const PackedForm& f, double* p, const Shape& s) { return {p, f.row_count(s)}; }
+};
+
+template <class Views, class Call, class Target, std::size_t... k, class... Operand>
+void call_with(const Call& call, Target target, char op, const Operands& in, const Shape& shape,
+               std::index_sequence<k...>, const Operand&... operands) {
+  call(target, op, Views::view(operands, in[k], shape)...);
+}
+
+enum class Clears { kProduct, kWholeTarget };
+
+template <class Call, class Target, class... Operand>
+Product operation(const char* name, Call call, Clears clears, Target target, Operand... operands) {
+  constexpr std::index_sequence_for<Operand...> kAll;
+  return {name,
+          {operands...},
+          target,
+          all_codes(),
+          clears == Clears::kWholeTarget,
+          [=](const Operands& in, double* t, const Shape& s, char op) {
+            call_with<Tested>(call, Tested::view(target, t, s), op, in, s, kAll, operands...);
+          },
+          [=](const Operands& in, double* t, const Shape& s, char op) {
+            Shape bare = s;
+            bare[kSpare] = 0;
+            call_with<Literal>(call, Literal::view(target, t, bare), op, in, s, kAll, operands...);
+          }};
 }
 
 // The operator family.
 inline std::vector<Product> operators() {
+  using namespace operator_calls;
+  constexpr Clears kProduct = Clears::kProduct, kWhole = Clears::kWholeTarget;
+  const DenseForm target = dense(kRows, kColumns), r = dense(kRows, kTerms), rt = dense(kTerms, kRows);
+  const DenseForm right = dense(kTerms, kColumns), right_t = dense(kColumns, kTerms);
+  const PackedForm s = packed(kTerms), congruence = packed(kRows);
   return {
-      {"SMATRopRt_S_R",
-       {dense(kTerms, kRows), packed(kTerms)},
-       higher(packed(kRows)),
-       all_codes(),
-       true,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TSMatrix target = view(t, s[kRows] + s[kSpare]);
-         SMATRopRt_S_R(target, op, view(in[0], s[kTerms], s[kRows]), view(in[1], s[kTerms]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::SMATRopRt_S_R(Packed{t, s[kRows]}, op, Dense{in[0], s[kTerms], s[kRows]}, Packed{in[1], s[kTerms]});
-       }},
-      {"SMATRopRt_R",
-       {dense(kTerms, kRows)},
-       higher(packed(kRows)),
-       all_codes(),
-       true,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TSMatrix target = view(t, s[kRows] + s[kSpare]);
-         SMATRopRt_R(target, op, view(in[0], s[kTerms], s[kRows]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::SMATRopRt_R(Packed{t, s[kRows]}, op, Dense{in[0], s[kTerms], s[kRows]});
-       }},
-      {"SMATRopABti",
-       {dense(kRows, kTerms), dense(kRows, kTerms)},
-       higher(packed(kRows)),
-       all_codes(),
-       true,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TSMatrix target = view(t, s[kRows] + s[kSpare]);
-         SMATRopABti(target, op, view(in[0], s[kRows], s[kTerms]), view(in[1], s[kRows], s[kTerms]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::SMATRopABti(Packed{t, s[kRows]}, op, Dense{in[0], s[kRows], s[kTerms]},
-                                Dense{in[1], s[kRows], s[kTerms]});
-       }},
-      {"SMATRopS1_S2",
-       {packed(kTerms), packed(kTerms)},
-       higher(packed(kTerms)),
-       all_codes(),
-       true,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TSMatrix target = view(t, s[kTerms] + s[kSpare]);
-         SMATRopS1_S2(target, op, view(in[0], s[kTerms]), view(in[1], s[kTerms]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::SMATRopS1_S2(Packed{t, s[kTerms]}, op, Packed{in[0], s[kTerms]}, Packed{in[1], s[kTerms]});
-       }},
-      {"SMATRopR_S_Rt",
-       {dense(kRows, kTerms), packed(kTerms)},
-       packed(kRows),
-       all_codes(),
-       false,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TSMatrix target = view(t, s[kRows]);
-         SMATRopR_S_Rt(target, op, view(in[0], s[kRows], s[kTerms]), view(in[1], s[kTerms]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::SMATRopR_S_Rt(Packed{t, s[kRows]}, op, Dense{in[0], s[kRows], s[kTerms]}, Packed{in[1], s[kTerms]});
-       }},
-      {"MATRopS_R",
-       {packed(kTerms), dense(kTerms, kColumns)},
-       larger(dense(kTerms, kColumns)),
-       all_codes(),
-       true,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TMatrix target = view(t, s[kTerms] + s[kSpare], s[kColumns] + s[kSpare]);
-         MATRopS_R(target, op, view(in[0], s[kTerms]), view(in[1], s[kTerms], s[kColumns]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::MATRopS_R(Dense{t, s[kTerms], s[kColumns]}, op, Packed{in[0], s[kTerms]},
-                              Dense{in[1], s[kTerms], s[kColumns]});
-       }},
-      {"MATRopR_S",
-       {dense(kRows, kTerms), packed(kTerms)},
-       larger(dense(kRows, kTerms)),
-       all_codes(),
-       true,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TMatrix target = view(t, s[kRows] + s[kSpare], s[kTerms] + s[kSpare]);
-         MATRopR_S(target, op, view(in[0], s[kRows], s[kTerms]), view(in[1], s[kTerms]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::MATRopR_S(Dense{t, s[kRows], s[kTerms]}, op, Dense{in[0], s[kRows], s[kTerms]},
-                              Packed{in[1], s[kTerms]});
-       }},
-      {"MATRopR1t_R",
-       {dense(kTerms, kRows), higher(dense(kTerms, kColumns))},
-       larger(dense(kRows, kColumns)),
-       all_codes(),
-       true,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TMatrix target = view(t, s[kRows] + s[kSpare], s[kColumns] + s[kSpare]);
-         MATRopR1t_R(target, op, view(in[0], s[kTerms], s[kRows]), view(in[1], s[kTerms] + s[kSpare], s[kColumns]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::MATRopR1t_R(Dense{t, s[kRows], s[kColumns]}, op, Dense{in[0], s[kTerms], s[kRows]},
-                                Dense{in[1], s[kTerms] + s[kSpare], s[kColumns]});
-       }},
-      {"MATRopR1_R2",
-       {dense(kRows, kTerms), higher(dense(kTerms, kColumns))},
-       dense(kRows, kColumns),
-       all_codes(),
-       false,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TMatrix target = view(t, s[kRows], s[kColumns]);
-         MATRopR1_R2(target, op, view(in[0], s[kRows], s[kTerms]), view(in[1], s[kTerms] + s[kSpare], s[kColumns]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::MATRopR1_R2(Dense{t, s[kRows], s[kColumns]}, op, Dense{in[0], s[kRows], s[kTerms]},
-                                Dense{in[1], s[kTerms] + s[kSpare], s[kColumns]});
-       }},
-      {"MATRopR1_R2t",
-       {dense(kRows, kTerms), dense(kColumns, kTerms)},
-       dense(kRows, kColumns),
-       all_codes(),
-       false,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TMatrix target = view(t, s[kRows], s[kColumns]);
-         MATRopR1_R2t(target, op, view(in[0], s[kRows], s[kTerms]), view(in[1], s[kColumns], s[kTerms]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::MATRopR1_R2t(Dense{t, s[kRows], s[kColumns]}, op, Dense{in[0], s[kRows], s[kTerms]},
-                                 Dense{in[1], s[kColumns], s[kTerms]});
-       }},
-      {"MATRopR1_S_R2t",
-       {dense(kRows, kTerms), packed(kTerms), dense(kColumns, kTerms)},
-       dense(kRows, kColumns),
-       all_codes(),
-       false,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TMatrix target = view(t, s[kRows], s[kColumns]);
-         MATRopR1_S_R2t(target, op, view(in[0], s[kRows], s[kTerms]), view(in[1], s[kTerms]),
-                        view(in[2], s[kColumns], s[kTerms]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::MATRopR1_S_R2t(Dense{t, s[kRows], s[kColumns]}, op, Dense{in[0], s[kRows], s[kTerms]},
-                                   Packed{in[1], s[kTerms]}, Dense{in[2], s[kColumns], s[kTerms]});
-       }},
-      {"MATRopR1_R2_R3t",
-       {dense(kRows, kInner), dense(kInner, kTerms), dense(kColumns, kTerms)},
-       dense(kRows, kColumns),
-       all_codes(),
-       false,
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         TMatrix target = view(t, s[kRows], s[kColumns]);
-         MATRopR1_R2_R3t(target, op, view(in[0], s[kRows], s[kInner]), view(in[1], s[kInner], s[kTerms]),
-                         view(in[2], s[kColumns], s[kTerms]));
-       },
-       [](const Operands& in, double* t, const Shape& s, char op) {
-         reference::MATRopR1_R2_R3t(Dense{t, s[kRows], s[kColumns]}, op, Dense{in[0], s[kRows], s[kInner]},
-                                    Dense{in[1], s[kInner], s[kTerms]}, Dense{in[2], s[kColumns], s[kTerms]});
-       }},
+      operation("SMATRopRt_S_R", rt_s_r, kWhole, higher(congruence), rt, s),
+      operation("SMATRopRt_R", rt_r, kWhole, higher(congruence), rt),
+      operation("SMATRopABti", a_bt, kWhole, higher(congruence), r, r),
+      operation("SMATRopS1_S2", s1_s2, kWhole, higher(s), s, s),
+      operation("SMATRopR_S_Rt", r_s_rt, kProduct, congruence, r, s),
+      operation("MATRopS_R", s_r, kWhole, larger(right), s, right),
+      operation("MATRopR_S", r_s, kWhole, larger(r), r, s),
+      operation("MATRopR1t_R", r1t_r, kWhole, larger(target), rt, higher(right)),
+      operation("MATRopR1_R2", r1_r2, kProduct, target, r, higher(right)),
+      operation("MATRopR1_R2t", r1_r2t, kProduct, target, r, right_t),
+      operation("MATRopR1_S_R2t", r1_s_r2t, kProduct, target, r, s, right_t),
+      operation("MATRopR1_R2_R3t", r1_r2_r3t, kProduct, target, dense(kRows, kInner), dense(kInner, kTerms), right_t),
   };
 }
 
