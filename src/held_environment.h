@@ -32,11 +32,20 @@ public:
     return (_mm_getcsr() & trapped & (kInvalid | kDivisionByZero)) != 0;
   }
 
+  bool overflow_or_invalid() const { return (_mm_getcsr() & (kInvalid | kOverflow)) != 0; }
+
+  // What has been raised of these is raised afterwards, too, but not trapped.
+  void keep_underflow_and_inexact() { saved_ |= _mm_getcsr() & (kDenormal | kUnderflow | kInexact); }
+
 private:
   static constexpr unsigned kFlags = 0x3f;
   static constexpr unsigned kMaskShift = 7;
   static constexpr unsigned kInvalid = 0x01;
+  static constexpr unsigned kDenormal = 0x02;
   static constexpr unsigned kDivisionByZero = 0x04;
+  static constexpr unsigned kOverflow = 0x08;
+  static constexpr unsigned kUnderflow = 0x10;
+  static constexpr unsigned kInexact = 0x20;
 
   unsigned saved_;
 };
@@ -51,13 +60,30 @@ public:
 #endif
     std::feholdexcept(&saved_);
   }
-  ~HeldEnvironment() { std::fesetenv(&saved_); }
+  ~HeldEnvironment() {
+    std::fesetenv(&saved_);
+    if (kept_ != 0) {
+      std::feraiseexcept(kept_);
+    }
+  }
   HeldEnvironment(const HeldEnvironment&) = delete;
   HeldEnvironment& operator=(const HeldEnvironment&) = delete;
 
   bool trap_withheld() const { return trapped_ != 0 && std::fetestexcept(trapped_) != 0; }
 
+  bool overflow_or_invalid() const { return std::fetestexcept(kOverflowOrInvalid) != 0; }
+  void keep_underflow_and_inexact() { kept_ = std::fetestexcept(kUnderflowOrInexact); }
+
 private:
+#if defined(FE_OVERFLOW) && defined(FE_INVALID) && defined(FE_UNDERFLOW) && defined(FE_INEXACT)
+  static constexpr int kOverflowOrInvalid = FE_OVERFLOW | FE_INVALID;
+  static constexpr int kUnderflowOrInexact = FE_UNDERFLOW | FE_INEXACT;
+#else  // arithmetic in software, without flags
+  static constexpr int kOverflowOrInvalid = 0;
+  static constexpr int kUnderflowOrInexact = 0;
+#endif
+
+  int kept_ = 0;
   int trapped_ = 0;  // without glibc there is no portable way to ask, nor to enable a trap
   std::fenv_t saved_{};
 };

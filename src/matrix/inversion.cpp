@@ -2,8 +2,13 @@
 
 #include <alidade/matrix.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
 #include "matrix/blocked_inversion.h"
 #include "matrix/inversion_progress.h"
+#include "matrix/inversion_work.h"
 #include "matrix/kernels/kernel_table.h"
 #include "matrix/kernels/kernels.h"
 #include "matrix/plain/plain_inversion.h"
@@ -11,14 +16,41 @@
 
 namespace alidade {
 
+namespace {
+
+constexpr std::size_t kAlignment = 64;  // of a cache line and of the longest vector
+
+int invert_with(const InversionWork& work, double* packed, std::ptrdiff_t n, const InversionProgress& progress) {
+  const kernels::KernelTable* fast = kernels::active();
+  return fast != nullptr && n >= fast->least_inverted ? invert_in_blocks(*fast, packed, n, work, progress)
+                                                      : plain::invert_normal_matrix(packed, n, work, progress);
+}
+
+// A small matrix takes its work memory from the stack: an allocation costs as much as a small inversion.
+constexpr int kFew = 32;
+int invert_few(double* packed, int n, const InversionProgress& progress) {
+  alignas(kAlignment) double values[single_block_size(kFew)];
+  std::ptrdiff_t indices[kFew];
+  return invert_with({values, indices}, packed, n, progress);
+}
+
+int invert_many(double* packed, int n, const InversionProgress& progress) {
+  constexpr std::ptrdiff_t kSpare = kAlignment / sizeof(double) - 1;
+  const std::unique_ptr<double[]> values(new double[static_cast<std::size_t>(values_needed(n) + kSpare)]);
+  const std::unique_ptr<std::ptrdiff_t[]> indices(new std::ptrdiff_t[static_cast<std::size_t>(indices_needed(n))]);
+  const std::size_t beyond = reinterpret_cast<std::uintptr_t>(values.get()) % kAlignment;
+  const std::size_t skipped = beyond == 0 ? 0 : (kAlignment - beyond) / sizeof(double);
+  return invert_with({values.get() + skipped, indices.get()}, packed, n, progress);
+}
+
+}  // namespace
+
 int invert_normal_matrix(double* packed, int n, int* progress, int span) {
   if (n < 1) {
     return 0;
   }
   const InversionProgress report(progress, span, n);
-  const kernels::KernelTable* fast = kernels::active();
-  return fast != nullptr && n >= fast->least_inverted ? invert_in_blocks(*fast, packed, n, report)
-                                                      : plain::invert_normal_matrix(packed, n, report);
+  return n <= kFew ? invert_few(packed, n, report) : invert_many(packed, n, report);
 }
 
 }  // namespace alidade

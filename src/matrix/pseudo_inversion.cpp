@@ -13,19 +13,6 @@ constexpr Mode kAssign = {true, false};
 constexpr Mode kAdd = {false, false};
 constexpr Mode kSubtract = {false, true};
 
-// Narrows a matrix to its leading block and widens it again on every way out, a failed allocation included.
-class NarrowedOrder {
-public:
-  NarrowedOrder(TSMatrix& matrix, int order) : matrix_(matrix), full_order_(matrix.GetDim1()) { matrix.SetDim1(order); }
-  ~NarrowedOrder() { matrix_.SetDim1(full_order_); }
-  NarrowedOrder(const NarrowedOrder&) = delete;
-  NarrowedOrder& operator=(const NarrowedOrder&) = delete;
-
-private:
-  TSMatrix& matrix_;
-  int full_order_;
-};
-
 double* data(TSMatrix& m) { return static_cast<double*>(m); }
 
 void set_identity(TSMatrix& m) {
@@ -35,26 +22,26 @@ void set_identity(TSMatrix& m) {
   }
 }
 
-// The work on the leading block, `matrix` narrowed to order m. On success `coupling` (m x d) and `trailing` (order d)
-// hold the two other blocks of the result; on failure, -1, the matrix is unchanged.
-int pseudo_invert_blocks(TSMatrix& matrix, TMatrix& coupling, TSMatrix& trailing) {
+// The work on the leading block q of order m. On success `coupling` (m x d) and `trailing` (order d) hold the two other
+// blocks of the result; on failure, -1, q is unchanged. So it is when memory runs out: q is written to last.
+int pseudo_invert_blocks(double* q, TMatrix& coupling, TSMatrix& trailing) {
   const int m = coupling.GetN1();
   const int d = coupling.GetN2();
-  double* q = data(matrix);
 
   TMatrix h(m, d, 1);
+  TMatrix k(m, d, 1);
+  TMatrix qk(m, d, 1);
+  TSMatrix normal(d, 1);
+
   multiply(dense_target(h, m), packed(q), dense(coupling, m), {m, d, m}, kAssign);
 
-  TSMatrix normal(d, 1);  // I + H'H
-  set_identity(normal);
+  set_identity(normal);  // I + H'H
   multiply(packed_target(normal), transposed(h, m), dense(h, m), {d, d, m}, kAdd);
   if (invert_normal_matrix(data(normal), d, nullptr, 99) != 0) {
     return -1;
   }
 
-  TMatrix k(m, d, 1);
   multiply(dense_target(k, m), dense(h, m), packed(normal), {m, d, d}, kAssign);
-  TMatrix qk(m, d, 1);
   multiply(dense_target(qk, m), packed(q), dense(k, m), {m, d, m}, kAssign);
   multiply_on_right(packed_target(trailing), transposed(h, m), packed(q), m, dense(h, m), {d, d, m}, kAssign);
   multiply_symmetrized(packed_target(q), dense(h, m), dense(qk, m), {m, m, d}, kSubtract);
@@ -78,11 +65,8 @@ int pseudo_invert(TSMatrix& matrix, int defect) {
   TMatrix coupling(m, defect, 1);
   TSMatrix trailing(defect, 1);
   matrix.BlockOper(0, m, '>', coupling);
-  {
-    const NarrowedOrder leading_block(matrix, m);
-    if (pseudo_invert_blocks(matrix, coupling, trailing) != 0) {
-      return -1;
-    }
+  if (pseudo_invert_blocks(data(matrix), coupling, trailing) != 0) {
+    return -1;
   }
   matrix.BlockOper(0, m, '=', coupling);
   matrix.BlockOper(m, '=', trailing);

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <memory>
 
 #include "matrix/inversion_progress.h"
+#include "matrix/inversion_work.h"
 #include "matrix/packed_index.h"
 #include "matrix/plain/ordered_sums.h"
 #include "square_root.h"
@@ -13,40 +13,23 @@
 namespace alidade::plain {
 namespace {
 
-// Room for `count` elements; on the stack where that is little, for the heap costs as much as a small inversion.
-template <typename T>
-class WorkArray {
-public:
-  explicit WorkArray(std::ptrdiff_t count) : heap_(count > kFew ? new T[static_cast<std::size_t>(count)] : nullptr) {}
-  T* data() { return heap_ ? heap_.get() : few_; }
-
-private:
-  static constexpr std::ptrdiff_t kFew = 32;
-  T few_[kFew];
-  std::unique_ptr<T[]> heap_;
-};
-
-// The nonzero factor entries left of the pivot of the row in hand: column and value.
-struct Entry {
-  std::ptrdiff_t column;
-  double value;
-};
-
+// The nonzero factor entries left of the pivot of the row in hand: columns and values.
 struct Entries {
-  const Entry* begin_;
-  const Entry* end_;
-  const Entry* begin() const { return begin_; }
-  const Entry* end() const { return end_; }
+  const std::ptrdiff_t* columns;
+  const double* values;
+  std::ptrdiff_t count;
 };
 
-Entries collect_nonzeros(const double* row, std::ptrdiff_t n, Entry* entries) {
-  Entry* end = entries;
+Entries collect_nonzeros(const double* row, std::ptrdiff_t n, const InversionWork& work) {
+  std::ptrdiff_t count = 0;
   for (std::ptrdiff_t j = 0; j < n; ++j) {
     if (row[j] != 0.0) {
-      *end++ = {j, row[j]};
+      work.indices[count] = j;
+      work.values[count] = row[j];
+      ++count;
     }
   }
-  return {entries, end};
+  return {work.indices, work.values, count};
 }
 
 // Column k of the factor below the pivot. An entry that starts as zero and meets no pair of nonzeros is structurally
@@ -57,10 +40,10 @@ void finish_factor_column(double* matrix, std::ptrdiff_t n, std::ptrdiff_t k, do
     double* row = matrix + packed_size(i);
     double work = row[k];
     bool nonzero = work != 0.0;
-    for (const Entry& entry : row_entries) {
-      const double factor = row[entry.column];
+    for (std::ptrdiff_t e = 0; e < row_entries.count; ++e) {
+      const double factor = row[row_entries.columns[e]];
       if (factor != 0.0) {
-        work -= factor * entry.value;
+        work -= factor * row_entries.values[e];
         nonzero = true;
       }
     }
@@ -72,15 +55,15 @@ void finish_factor_column(double* matrix, std::ptrdiff_t n, std::ptrdiff_t k, do
 
 // N = L L', column by column, each from the finished ones to its left. Row i of the packed triangle holds what column k
 // needs of it, so the sums run along rows. The diagonal keeps 1 / l(k, k).
-int factorise(double* matrix, std::ptrdiff_t n, std::ptrdiff_t first, const InversionProgress& progress) {
-  WorkArray<Entry> work(n);
+int factorise(double* matrix, std::ptrdiff_t n, std::ptrdiff_t first, const InversionWork& work,
+              const InversionProgress& progress) {
   for (std::ptrdiff_t k = first; k < n; ++k) {
     progress.start_factor_row(k + 1);
     double* row = matrix + packed_size(k);
-    const Entries entries = collect_nonzeros(row, k, work.data());
+    const Entries entries = collect_nonzeros(row, k, work);
     double pivot = row[k];
-    for (const Entry& entry : entries) {
-      pivot -= entry.value * entry.value;
+    for (std::ptrdiff_t e = 0; e < entries.count; ++e) {
+      pivot -= entries.values[e] * entries.values[e];
     }
     if (!(pivot > 0.0)) {  // so written that a NaN fails, too
       return static_cast<int>(k) + 1;
@@ -93,18 +76,18 @@ int factorise(double* matrix, std::ptrdiff_t n, std::ptrdiff_t first, const Inve
 }
 
 // X = inverse of L, row by row in place: row k is a combination of the rows above it.
-void invert_factor(double* matrix, std::ptrdiff_t first, std::ptrdiff_t end, const InversionProgress& progress) {
-  WorkArray<double> work(end);
+void invert_factor(double* matrix, std::ptrdiff_t first, std::ptrdiff_t end, const InversionWork& work,
+                   const InversionProgress& progress) {
   for (std::ptrdiff_t k = std::max<std::ptrdiff_t>(first, 1); k < end; ++k) {
     progress.start_inverse_row(k + 1);
     double* row = matrix + packed_size(k);
-    clear(work.data(), k);
+    clear(work.values, k);
     for (std::ptrdiff_t j = 0; j < k; ++j) {
       if (row[j] != 0.0) {
-        add_scaled<false>(work.data(), matrix + packed_size(j), -row[k] * row[j], j + 1);
+        add_scaled<false>(work.values, matrix + packed_size(j), -row[k] * row[j], j + 1);
       }
     }
-    std::copy_n(work.data(), k, row);
+    std::copy_n(work.values, k, row);
   }
 }
 
@@ -126,12 +109,13 @@ void multiply_by_transpose(double* matrix, std::ptrdiff_t n, const InversionProg
   }
 }
 
-int invert_normal_matrix(double* packed, std::ptrdiff_t n, const InversionProgress& progress) {
-  const int failed = factorise(packed, n, 0, progress);
+int invert_normal_matrix(double* packed, std::ptrdiff_t n, const InversionWork& work,
+                         const InversionProgress& progress) {
+  const int failed = factorise(packed, n, 0, work, progress);
   if (failed != 0) {
     return failed;
   }
-  invert_factor(packed, 0, n, progress);
+  invert_factor(packed, 0, n, work, progress);
   multiply_by_transpose(packed, n, progress);
   return 0;
 }

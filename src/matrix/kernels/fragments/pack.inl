@@ -13,11 +13,6 @@ namespace alidade::kernels::ALIDADE_ISA {
 constexpr std::ptrdiff_t kBlockLanes = 48;  // a multiple of the width of every tile
 constexpr std::ptrdiff_t kBlockTerms = 128;
 
-// Room for a block on the stack, as the inversion uses it.
-struct StackTile {
-  alignas(64) double values[kBlockLanes * kBlockTerms];
-};
-
 ALIDADE_INLINE std::ptrdiff_t larger(std::ptrdiff_t x, std::ptrdiff_t y) { return x > y ? x : y; }
 ALIDADE_INLINE std::ptrdiff_t packed_row(std::ptrdiff_t i) { return i * (i + 1) / 2; }
 
@@ -39,7 +34,7 @@ ALIDADE_INLINE void pad_lanes(double* to, std::ptrdiff_t lanes) {
 
 // From terms that lie contiguous in lanes.
 static void copy_lanes(double* to, const Walk& term_walk, std::ptrdiff_t lanes, std::ptrdiff_t terms, bool negate,
-                       std::ptrdiff_t ld = kBlockLanes) {
+                       std::ptrdiff_t ld) {
   for (std::ptrdiff_t t = 0; t < terms; ++t, to += ld) {
     const double* p = at(term_walk, t);
     std::ptrdiff_t i = 0;
@@ -54,7 +49,7 @@ static void copy_lanes(double* to, const Walk& term_walk, std::ptrdiff_t lanes, 
 
 // From lanes that lie contiguous in terms: transposed block by block in registers.
 static void transpose_lanes(double* to, const Walk& lane_walk, std::ptrdiff_t lanes, std::ptrdiff_t terms, bool negate,
-                            std::ptrdiff_t ld = kBlockLanes) {
+                            std::ptrdiff_t ld) {
   for (std::ptrdiff_t i = 0; i < lanes; i += kWidth) {
     const double* p[kWidth];
     for (int r = 0; r < kWidth; ++r) {

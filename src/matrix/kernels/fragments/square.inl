@@ -1,10 +1,9 @@
 #ifndef ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SQUARE_INL
 #define ALIDADE_SRC_MATRIX_KERNELS_FRAGMENTS_SQUARE_INL
 
-// A diagonal block of a packed matrix in a stack tile: loading, storing, factorising.
+// A diagonal block of a packed matrix in a tile: loading, storing, factorising.
 
 #include <cstddef>
-#include <utility>
 
 #include "matrix/kernels/fragments/lanes.inl"
 #include "matrix/kernels/fragments/pack.inl"
@@ -12,17 +11,6 @@
 #include "square_root.h"
 
 namespace alidade::kernels::ALIDADE_ISA {
-
-// A small square of coefficients, line by line.
-constexpr std::ptrdiff_t kSquare = kSingleBlock;
-struct Square {
-  alignas(64) double values[kSquare * kSquare];
-};
-struct BlockSquare {  // as many lines as a block of a larger matrix has
-  alignas(64) double values[kInversionBlock * kSquare];
-};
-constexpr std::ptrdiff_t kStrip = 8;  // its rows and columns are padded to multiples of this
-constexpr int kStripVectors = static_cast<int>(kStrip) / kWidth;
 
 // Rows of the packed matrix into a tile, one line each, zeros right of the diagonal; and back.
 static void copy_rows(double* tile, std::ptrdiff_t stride, const double* packed, std::ptrdiff_t row,
@@ -50,9 +38,10 @@ static void store_rows(const double* tile, std::ptrdiff_t stride, double* packed
   }
 }
 
-// The diagonal block of rows [first, first + order) in columns: element (i, k) at k * kSquare + i, zeros above the
-// diagonal and below the last row as far as strips reach.
-static void load_square(double* square, const double* packed, std::ptrdiff_t first, std::ptrdiff_t order) {
+// The diagonal block of rows [first, first + order) in columns: element (i, k) at k * ld + i, zeros above the diagonal
+// and below the last row as far as strips reach.
+static void load_square(double* square, std::ptrdiff_t ld, const double* packed, std::ptrdiff_t first,
+                        std::ptrdiff_t order) {
   const std::ptrdiff_t padded = (order + kStrip - 1) / kStrip * kStrip;
   for (std::ptrdiff_t i = 0; i < padded; i += kWidth) {
     const double* p = packed + packed_row(first + i) + first;
@@ -66,21 +55,21 @@ static void load_square(double* square, const double* packed, std::ptrdiff_t fir
       transpose(block);
       ALIDADE_UNROLL
       for (int r = 0; r < kWidth; ++r) {
-        store(square + (k + r) * kSquare + i, block[r]);
+        store(square + (k + r) * ld + i, block[r]);
       }
     }
   }
 }
 
 // The first `columns` columns of it back into the matrix.
-static void store_square(const double* square, double* packed, std::ptrdiff_t first, std::ptrdiff_t order,
-                         std::ptrdiff_t columns) {
+static void store_square(const double* square, std::ptrdiff_t ld, double* packed, std::ptrdiff_t first,
+                         std::ptrdiff_t order, std::ptrdiff_t columns) {
   for (std::ptrdiff_t i = 0; i < order; i += kWidth) {
     for (std::ptrdiff_t k = 0; k < smaller(i + 1, columns); k += kWidth) {
       Vector block[kWidth];
       ALIDADE_UNROLL
       for (int r = 0; r < kWidth; ++r) {
-        block[r] = load(square + (k + r) * kSquare + i);
+        block[r] = load(square + (k + r) * ld + i);
       }
       transpose(block);
       ALIDADE_UNROLL
@@ -93,78 +82,142 @@ static void store_square(const double* square, double* packed, std::ptrdiff_t fi
   }
 }
 
-// A column of S strips that loses a multiple of the column l.
-template <int S>
-ALIDADE_INLINE void subtract_column(double* other, const Vector* l, const double* factor) {
-  const Vector f = broadcast(factor);
+// Columns are finished kWidth at a time, in registers, V vectors of lanes together.
+template <int V>
+using Strip = Vector[kWidth][V];
+
+// The strip of columns from column k on, lanes from `lane` on, less the products of the columns before it.
+template <int V>
+ALIDADE_INLINE void load_strip(const double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrdiff_t lane,
+                               Strip<V>& strip) {
   ALIDADE_UNROLL
-  for (int v = 0; v < S * kStripVectors; ++v) {
-    store(other + v * kWidth, load(other + v * kWidth) - l[v] * f);
+  for (int c = 0; c < kWidth; ++c) {
+    ALIDADE_UNROLL
+    for (int v = 0; v < V; ++v) {
+      strip[c][v] = load(square + (k + c) * ld + lane + v * kWidth);
+    }
+  }
+  for (std::ptrdiff_t j = 0; j < k; ++j, square += ld) {
+    Vector l[V];
+    ALIDADE_UNROLL
+    for (int v = 0; v < V; ++v) {
+      l[v] = load(square + lane + v * kWidth);
+    }
+    ALIDADE_UNROLL
+    for (int c = 0; c < kWidth; ++c) {
+      const Vector factor = broadcast(square + k + c);
+      ALIDADE_UNROLL
+      for (int v = 0; v < V; ++v) {
+        strip[c][v] = strip[c][v] - l[v] * factor;
+      }
+    }
   }
 }
-// The columns of the strips below, of which the T-th has S - T strips left.
-template <int S, int T>
-ALIDADE_INLINE void subtract_strip(double* square, std::ptrdiff_t order, const double* column, const Vector* l) {
-  const std::ptrdiff_t end = smaller(order, (T + 1) * kStrip);
-  for (std::ptrdiff_t j = T * kStrip; j < end; ++j) {
-    subtract_column<S - T>(square + j * kSquare + T * kStrip, l + T * kStripVectors, column + j);
+template <int V>
+ALIDADE_INLINE void store_strip(double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrdiff_t lane,
+                                const Strip<V>& strip) {
+  ALIDADE_UNROLL
+  for (int c = 0; c < kWidth; ++c) {
+    ALIDADE_UNROLL
+    for (int v = 0; v < V; ++v) {
+      store(square + (k + c) * ld + lane + v * kWidth, strip[c][v]);
+    }
   }
-}
-template <int S, int... kBefore>
-ALIDADE_INLINE void subtract_strips([[maybe_unused]] double* square, [[maybe_unused]] std::ptrdiff_t order,
-                                    [[maybe_unused]] const double* column, [[maybe_unused]] const Vector* l,
-                                    std::integer_sequence<int, kBefore...>) {
-  (subtract_strip<S, kBefore + 1>(square, order, column, l), ...);
 }
 
-// Factorises the columns of the first of S strips, which is on the diagonal, and then those of the others: as many as
-// have a positive pivot.
-template <int S>
-std::ptrdiff_t factor_strips(double* square, std::ptrdiff_t order) {
-  const std::ptrdiff_t own = smaller(order, kStrip);
-  for (std::ptrdiff_t k = 0; k < own; ++k) {
-    double* column = square + k * kSquare;
-    if (!(column[k] > 0.0)) {
-      return k;
+// Column c of a strip is done but for its factor; those after it lose its products.
+template <int V>
+ALIDADE_INLINE void finish_column(Strip<V>& strip, int c, const double* reciprocal) {
+  ALIDADE_UNROLL
+  for (int v = 0; v < V; ++v) {
+    strip[c][v] = strip[c][v] * broadcast(reciprocal);
+  }
+}
+template <int V>
+ALIDADE_INLINE void subtract_column(Strip<V>& strip, int c, int other, const double* factor) {
+  ALIDADE_UNROLL
+  for (int v = 0; v < V; ++v) {
+    strip[other][v] = strip[other][v] - strip[c][v] * broadcast(factor);
+  }
+}
+
+// The lanes of a strip that begin with those on the diagonal; as many of its columns as have a positive pivot.
+template <int V>
+int factor_on_diagonal(double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrdiff_t order) {
+  Strip<V> strip;
+  load_strip<V>(square, ld, k, k, strip);
+  double reciprocals[kWidth];
+  int finished = 0;
+  double pivot = strip[0][0][0];
+  ALIDADE_UNROLL
+  for (int c = 0; c < kWidth; ++c) {
+    if (finished < c || k + c >= order || !(pivot > 0.0)) {
+      continue;
     }
-    const double reciprocal = 1.0 / alidade::square_root(column[k]);
-    const Vector factor = broadcast(&reciprocal);
-    Vector l[S * kStripVectors];
+    reciprocals[c] = 1.0 / alidade::square_root(pivot);
+    if (c + 1 < kWidth) {  // the next pivot by itself: its root is what the next column waits for
+      const double below = strip[c][0][c + 1] * reciprocals[c];
+      pivot = strip[c + 1][0][c + 1] - below * below;
+    }
+    finish_column<V>(strip, c, reciprocals + c);
     ALIDADE_UNROLL
-    for (int v = 0; v < S * kStripVectors; ++v) {
-      l[v] = load(column + v * kWidth) * factor;
-      store(column + v * kWidth, l[v]);
+    for (int other = c + 1; other < kWidth; ++other) {
+      const double factor = strip[c][0][other];
+      subtract_column<V>(strip, c, other, &factor);
     }
-    for (std::ptrdiff_t j = k + 1; j < own; ++j) {
-      subtract_column<S>(square + j * kSquare, l, column + j);
+    finished = c + 1;
+  }
+  store_strip<V>(square, ld, k, k, strip);
+  for (int c = 0; c < finished; ++c) {
+    square[(k + c) * ld + k + c] = reciprocals[c];
+  }
+  return finished;
+}
+
+// Its lanes below, for whole strips.
+template <int V>
+void factor_below(double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrdiff_t lane) {
+  Strip<V> strip;
+  load_strip<V>(square, ld, k, lane, strip);
+  const double* column = square + k * ld + k;
+  ALIDADE_UNROLL
+  for (int c = 0; c < kWidth; ++c, column += ld) {
+    finish_column<V>(strip, c, column + c);
+    ALIDADE_UNROLL
+    for (int other = c + 1; other < kWidth; ++other) {
+      subtract_column<V>(strip, c, other, column + other);
     }
-    subtract_strips<S>(square, order, column, l, std::make_integer_sequence<int, S - 1>());
-    column[k] = reciprocal;
   }
-  if constexpr (S > 1) {
-    return own + factor_strips<S - 1>(square + kStrip * kSquare + kStrip, order - own);
-  } else {
-    return own;
-  }
+  store_strip<V>(square, ld, k, lane, strip);
 }
 
 // Factorises the block, rows ascending; its diagonal gets the reciprocals. The number of finished columns. A value of
 // the factor that is not finite makes the pivot of its row fail.
-static std::ptrdiff_t factor_square(double* square, std::ptrdiff_t order) {
-  constexpr std::ptrdiff_t (*kRun[])(double*, std::ptrdiff_t) = {factor_strips<1>, factor_strips<2>, factor_strips<3>,
-                                                                 factor_strips<4>, factor_strips<5>, factor_strips<6>,
-                                                                 factor_strips<7>, factor_strips<8>};
-  static_assert(kSquare == 8 * kStrip, "an instance for each number of strips");
-  return kRun[(order - 1) / kStrip](square, order);
+static std::ptrdiff_t factor_square(double* square, std::ptrdiff_t ld, std::ptrdiff_t order) {
+  std::ptrdiff_t finished = 0;
+  for (std::ptrdiff_t k = 0; k < order; k += kWidth) {
+    const bool two = order - k > kWidth;
+    const int columns = two ? factor_on_diagonal<2>(square, ld, k, order) : factor_on_diagonal<1>(square, ld, k, order);
+    finished += columns;
+    for (std::ptrdiff_t lane = k + 2 * kWidth; lane < order;) {
+      const std::ptrdiff_t vectors = next_piece((order - lane + kWidth - 1) / kWidth, 3);
+      (vectors == 3 ? factor_below<3> : vectors == 2 ? factor_below<2> : factor_below<1>)(square, ld, k, lane);
+      lane += vectors * kWidth;
+    }
+    if (columns < kWidth) {
+      break;
+    }
+  }
+  return finished;
 }
 
 // Neither an infinity nor a NaN nor a -0.0?
-static bool usual_square(const double* square, std::ptrdiff_t order) {
+static bool usual_square(const double* square, std::ptrdiff_t ld, std::ptrdiff_t order) {
   Bits found = {};
   Vector check = zero();
   for (std::ptrdiff_t k = 0; k < order; ++k) {
     for (std::ptrdiff_t i = k / kWidth * kWidth; i < order; i += kWidth) {
-      const Vector v = load(square + k * kSquare + i);
+      const Vector v = load(square + k * ld + i);
       found |= negative_zeros(v);
       check = v * zero() + check;
     }
@@ -172,11 +225,12 @@ static bool usual_square(const double* square, std::ptrdiff_t order) {
   return all_zero(check) && !any_bit(found);
 }
 
-static bool all_finite(const double* square, std::ptrdiff_t order, std::ptrdiff_t columns) {
+// Are the finished columns and the pivot that ended them, if one did?
+static bool all_finite(const double* square, std::ptrdiff_t ld, std::ptrdiff_t order, std::ptrdiff_t finished) {
   Vector check = zero();
-  for (std::ptrdiff_t k = 0; k < columns; ++k) {
+  for (std::ptrdiff_t k = 0; k < smaller(order, finished + 1); ++k) {
     for (std::ptrdiff_t i = k / kWidth * kWidth; i < order; i += kWidth) {
-      check = load(square + k * kSquare + i) * zero() + check;
+      check = load(square + k * ld + i) * zero() + check;
     }
   }
   return all_zero(check);
