@@ -12,7 +12,7 @@ rows=$platforms/rows.d/$(basename "$0")
 setup() {
   "$root"/scripts/setup "${1:-platforms}"
   cd "$root"
-  . scripts/compiler-cache
+  . scripts/fast-builds
   mkdir -p "$platforms/rows.d"
   : >"$rows"
 }
