@@ -32,6 +32,8 @@ public:
     return (_mm_getcsr() & trapped & (kInvalid | kDivisionByZero)) != 0;
   }
 
+  // A member, because it means something only while the environment is held.
+  // NOLINTNEXTLINE(readability-convert-member-functions-to-static)
   bool overflow_or_invalid() const { return (_mm_getcsr() & (kInvalid | kOverflow)) != 0; }
 
   // What has been raised of these is raised afterwards, too, but not trapped.
