@@ -15,7 +15,6 @@
 #include "strict_arithmetic.h"
 
 namespace alidade {
-
 namespace {
 
 constexpr std::size_t kAlignment = 64;  // of a cache line and of the longest vector
