@@ -42,7 +42,7 @@ public:
   Panel operator[](int k) const { return {values_ + k * ld_ * terms_, ld_, terms_}; }
 
 private:
-  static constexpr std::ptrdiff_t kOnStack = 1536;  // 12 KB
+  static constexpr std::ptrdiff_t kOnStack = 1280;  // 10 KB, so that the largest frame around it stays below 16
   std::ptrdiff_t ld_;
   std::ptrdiff_t terms_;
   void* heap_ = nullptr;
