@@ -12,4 +12,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 # A processor that indeed has none: the C library would else set the modes of a unit that calculates nothing.
-set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm;-cpu;arm946;-L;/usr/arm-linux-gnueabi)
+if(NOT CMAKE_CROSSCOMPILING_EMULATOR)
+  set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm;-cpu;arm946;-L;/usr/arm-linux-gnueabi)
+endif()

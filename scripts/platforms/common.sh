@@ -86,16 +86,57 @@ try_package() {
   ctest --test-dir "$build/consumer" --output-on-failure --no-tests=error
 }
 
-# cross PLATFORM TOOLCHAIN [CMAKE ARGUMENTS]: configures, builds and tests for another processor
+# verify PLATFORM BUILD PROGRAMS FLAGS: runs the alidade-verify of the build PROGRAMS with the library of BUILD and adds its
+# row. They are the same build, or libraries in their place are found by LD_LIBRARY_PATH before those linked with.
+verify() {
+  result=0
+  if [ "$2" != "$3" ]; then
+    readelf -d "$3/tools/alidade-verify" | grep -q RUNPATH || return 1
+  fi
+  LD_LIBRARY_PATH=$2/src ctest --test-dir "$3" --output-on-failure --no-tests=error -R '^alidade_verify$' || result=1
+  log=$3/Testing/Temporary/LastTest.log
+  add_row "$1" "$(compiler_of "$2")" "$4" - "$(golden_of "$log")" "$(libm_of "$log")"
+  return "$result"
+}
+
+# verify_flags PLATFORM PROGRAMS FLAGS [CMAKE ARGUMENTS]: a row for the library compiled with other flags. Shared, it is
+# put under the alidade-verify of the build PROGRAMS; otherwise that is compiled and linked with it anew.
+verify_flags() {
+  platform=$1 programs=$2 flags=$3
+  shift 3
+  echo "== $platform $flags"
+  configure "$programs$(printf '%s' "$flags" | tr -c 'a-zA-Z0-9\n' -)" -DCMAKE_CXX_FLAGS_RELEASE="$flags" "$@" \
+    >/dev/null || return 1
+  cmake --build "$build" --target alidade || return 1
+  if [ -f "$build/src/libalidade.so" ] && [ -f "$programs/src/libalidade.so" ]; then
+    verify "$platform" "$build" "$programs" "$flags"
+  else
+    cmake --build "$build" --target alidade-verify || return 1
+    verify "$platform" "$build" "$build" "$flags"
+  fi
+}
+
+# verify_levels PLATFORM PROGRAMS "FLAGS ..." [CMAKE ARGUMENTS]: verify_flags for each level of optimisation
+verify_levels() {
+  platform=$1 programs=$2 levels=$3
+  shift 3
+  for level in $levels; do
+    verify_flags "$platform" "$programs" "$level" "$@" || return 1
+  done
+}
+
+# cross PLATFORM TOOLCHAIN [CMAKE ARGUMENTS]: configures, builds and tests for another processor; other levels of
+# optimisation run alidade-verify
 cross() {
   setup
   platform=$1 toolchain=$2
   shift 2
   echo "== $platform"
-  configure "$platforms/$toolchain" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake" \
-    -DCMAKE_CXX_FLAGS_RELEASE=-O2 -DALIDADE_GTEST_SOURCE_DIR=/usr/src/googletest -DALIDADE_TEST_TIMEOUT=3000 \
-    -DALIDADE_BUILD_EXAMPLES=OFF "$@"
+  set -- -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake" \
+    -DALIDADE_GTEST_SOURCE_DIR=/usr/src/googletest -DALIDADE_TEST_TIMEOUT=3000 -DALIDADE_BUILD_EXAMPLES=OFF "$@"
+  configure "$platforms/$toolchain" -DCMAKE_CXX_FLAGS_RELEASE=-O2 "$@"
   cmake --build "$build"
   test_build "$platform" -O2 "$build"
   try_package "$build" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake"
+  verify_levels "$platform" "$build" "-O0 -Os -O3" "$@"
 }
