@@ -7,6 +7,8 @@
 
 namespace alidade::kernels {
 
+#if defined(ALIDADE_KERNELS_X86) || defined(ALIDADE_KERNELS_NEON)
+
 // Constant-initialised: before the best set has been chosen, the plain loops serve.
 const KernelTable* chosen = nullptr;
 
@@ -28,11 +30,8 @@ const KernelTable* table_of(InstructionSet set) {
     default:
       return nullptr;
   }
-#elif defined(ALIDADE_KERNELS_NEON)
-  return set == InstructionSet::kNeon ? &neon::table : nullptr;
 #else
-  static_cast<void>(set);
-  return nullptr;
+  return set == InstructionSet::kNeon ? &neon::table : nullptr;
 #endif
 }
 
@@ -57,5 +56,13 @@ bool select(InstructionSet set) {
   chosen = table_of(set);
   return true;
 }
+
+#else
+
+bool available(InstructionSet set) { return set == InstructionSet::kPlain; }
+
+bool select(InstructionSet set) { return available(set); }
+
+#endif
 
 }  // namespace alidade::kernels
