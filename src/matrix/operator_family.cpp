@@ -17,16 +17,22 @@ namespace {
 bool clears(char op) { return op == '=' || op == '|'; }
 bool subtracts(char op) { return op == '-' || op == '|'; }
 
-// Most targets are cleared by their own size and not by that of the product: zeros first, then the product is added.
-Mode clear_whole(double* t, std::ptrdiff_t size, char op) {
-  if (clears(op)) {
+// Most targets are cleared by their own size and not by that of the product. Where the two agree the product does it;
+// else zeros come first, and the product is added.
+Mode clear_whole(double* t, std::ptrdiff_t size, bool agrees, char op) {
+  if (clears(op) && !agrees) {
     std::fill_n(t, std::max<std::ptrdiff_t>(size, 0), 0.0);
   }
-  return {false, subtracts(op)};
+  return {clears(op) && agrees, subtracts(op)};
 }
-Mode clear_whole(TSMatrix& T, char op) { return clear_whole(T, T.GetDim1() > 0 ? packed_size(T.GetDim1()) : 0, op); }
-Mode clear_whole(TMatrix& T, char op) {
-  return clear_whole(T, T.GetN1() > 0 && T.GetN2() > 0 ? dense_size(T.GetN1(), T.GetN2()) : 0, op);
+Mode clear_whole(TSMatrix& T, char op, const Extent& extent) {
+  const int n = T.GetDim1();
+  return clear_whole(T, n > 0 ? packed_size(n) : 0, n == extent.lines, op);
+}
+Mode clear_whole(TMatrix& T, char op, const Extent& extent) {
+  const int n1 = T.GetN1();
+  const int n2 = T.GetN2();
+  return clear_whole(T, n1 > 0 && n2 > 0 ? dense_size(n1, n2) : 0, n1 == extent.lanes && n2 == extent.lines, op);
 }
 
 // Of the others only the product's extent is cleared.
@@ -41,25 +47,23 @@ Operand transpose_of(const TMatrix& R) { return transposed(R, R.GetN1()); }
 }  // namespace
 
 void SMATRopRt_S_R(TSMatrix& T, char op, const TMatrix& R, const TSMatrix& S) {
-  const Mode mode = clear_whole(T, op);
-  multiply_on_right(target(T), transpose_of(R), operand(S), R.GetN1(), operand(R), {R.GetN2(), R.GetN2(), R.GetN1()},
-                    mode);
+  const Extent extent = {R.GetN2(), R.GetN2(), R.GetN1()};
+  multiply_on_right(target(T), transpose_of(R), operand(S), R.GetN1(), operand(R), extent, clear_whole(T, op, extent));
 }
 
 void SMATRopRt_R(TSMatrix& T, char op, const TMatrix& R) {
-  const Mode mode = clear_whole(T, op);
-  multiply(target(T), transpose_of(R), operand(R), {R.GetN2(), R.GetN2(), R.GetN1()}, mode);
+  const Extent extent = {R.GetN2(), R.GetN2(), R.GetN1()};
+  multiply(target(T), transpose_of(R), operand(R), extent, clear_whole(T, op, extent));
 }
 
 void SMATRopABti(TSMatrix& T, char op, const TMatrix& A, const TMatrix& B) {
-  const Mode mode = clear_whole(T, op);
-  multiply_symmetrized(target(T), operand(A), dense(B, A.GetN1()), {A.GetN1(), A.GetN1(), A.GetN2()}, mode);
+  const Extent extent = {A.GetN1(), A.GetN1(), A.GetN2()};
+  multiply_symmetrized(target(T), operand(A), dense(B, A.GetN1()), extent, clear_whole(T, op, extent));
 }
 
 void SMATRopS1_S2(TSMatrix& T, char op, const TSMatrix& S1, const TSMatrix& S2) {
-  const Mode mode = clear_whole(T, op);
-  const int n = S1.GetDim1();
-  multiply(target(T), operand(S2), operand(S1), {n, n, n}, mode);
+  const Extent extent = {S1.GetDim1(), S1.GetDim1(), S1.GetDim1()};
+  multiply(target(T), operand(S2), operand(S1), extent, clear_whole(T, op, extent));
 }
 
 void SMATRopR_S_Rt(TSMatrix& T, char op, const TMatrix& R, const TSMatrix& S) {
@@ -67,18 +71,18 @@ void SMATRopR_S_Rt(TSMatrix& T, char op, const TMatrix& R, const TSMatrix& S) {
 }
 
 void MATRopS_R(TMatrix& T, char op, const TSMatrix& S, const TMatrix& R) {
-  const Mode mode = clear_whole(T, op);
-  multiply(target(T, T.GetN1()), operand(S), operand(R), {R.GetN1(), R.GetN2(), R.GetN1()}, mode);
+  const Extent extent = {R.GetN1(), R.GetN2(), R.GetN1()};
+  multiply(target(T, T.GetN1()), operand(S), operand(R), extent, clear_whole(T, op, extent));
 }
 
 void MATRopR_S(TMatrix& T, char op, const TMatrix& R, const TSMatrix& S) {
-  const Mode mode = clear_whole(T, op);
-  multiply(target(T, T.GetN1()), operand(R), operand(S), {R.GetN1(), R.GetN2(), R.GetN2()}, mode);
+  const Extent extent = {R.GetN1(), R.GetN2(), R.GetN2()};
+  multiply(target(T, T.GetN1()), operand(R), operand(S), extent, clear_whole(T, op, extent));
 }
 
 void MATRopR1t_R(TMatrix& T, char op, const TMatrix& R1, const TMatrix& R2) {
-  const Mode mode = clear_whole(T, op);
-  multiply(target(T, T.GetN1()), transpose_of(R1), operand(R2), {R1.GetN2(), R2.GetN2(), R1.GetN1()}, mode);
+  const Extent extent = {R1.GetN2(), R2.GetN2(), R1.GetN1()};
+  multiply(target(T, T.GetN1()), transpose_of(R1), operand(R2), extent, clear_whole(T, op, extent));
 }
 
 void MATRopR1_R2(TMatrix& T, char op, const TMatrix& R1, const TMatrix& R2) {

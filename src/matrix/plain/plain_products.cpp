@@ -32,8 +32,6 @@ std::ptrdiff_t position(const Operand& m, std::ptrdiff_t row, std::ptrdiff_t col
   }
 }
 
-double element(const Operand& m, std::ptrdiff_t row, std::ptrdiff_t column) { return m.data[position(m, row, column)]; }
-
 // The terms of line k that operand b stores.
 struct Terms {
   std::ptrdiff_t first;
@@ -43,42 +41,70 @@ Terms terms_of(const Operand& b, std::ptrdiff_t k, std::ptrdiff_t terms) {
   return b.layout == Operand::kDiagonal ? Terms{std::min(k, terms), std::min(k + 1, terms)} : Terms{0, terms};
 }
 
-// y(i) += f a(i, l), or -=, for the stored ones of rows first ... first + n - 1 of column l.
+// Element (i, j) of a dense matrix or of the transpose of one.
+struct Strides {
+  explicit Strides(const Operand& m)
+      : data(m.data),
+        row(m.layout == Operand::kTransposed ? m.ld : 1),
+        column(m.layout == Operand::kTransposed ? 1 : m.ld) {}
+  double operator()(std::ptrdiff_t i, std::ptrdiff_t j) const { return data[i * row + j * column]; }
+  const double* data;
+  std::ptrdiff_t row;
+  std::ptrdiff_t column;
+};
+
+// y += the sum of b(l, k) times column l of a dense a, or -=; n rows from `first` on.
 template <bool kSubtract>
-void add_scaled_column(double* y, const Operand& a, std::ptrdiff_t first, std::ptrdiff_t l, double f,
-                       std::ptrdiff_t n) {
-  if (a.layout == Operand::kDense) {
-    add_scaled<kSubtract>(y, a.data + dense_index(first, l, a.ld), f, n);
-  } else if (a.layout == Operand::kDiagonal) {
-    if (first <= l && l < first + n) {
-      y[l - first] = add_term<kSubtract>(y[l - first], a.data[l] * f);
+void add_dense_line(double* y, const Operand& a, std::ptrdiff_t first, const Operand& b, std::ptrdiff_t k,
+                    std::ptrdiff_t n, std::ptrdiff_t terms) {
+  if (b.layout == Operand::kPacked) {
+    for (std::ptrdiff_t l = 0; l < terms; ++l) {
+      add_scaled<kSubtract>(y, a.data + l * a.ld + first, b.data[packed_index(l, k)], n);
+    }
+  } else if (b.layout == Operand::kDiagonal) {
+    if (k < terms) {
+      add_scaled<kSubtract>(y, a.data + k * a.ld + first, b.data[k], n);
     }
   } else {
-    const bool packed = a.layout == Operand::kPacked;
-    const std::ptrdiff_t left = packed ? std::min(std::max<std::ptrdiff_t>(l - first, 0), n) : 0;
-    if (packed) {  // row l holds the column up to the diagonal
-      add_scaled<kSubtract>(y, a.data + packed_size(l) + first, f, left);
-    }
-    for (std::ptrdiff_t i = left; i < n; ++i) {
-      y[i] = add_term<kSubtract>(y[i], element(a, first + i, l) * f);
+    const Strides element(b);
+    for (std::ptrdiff_t l = 0; l < terms; ++l) {
+      add_scaled<kSubtract>(y, a.data + l * a.ld + first, element(l, k), n);
     }
   }
 }
 
-// Line k: n of its lanes, from lane `first` on, at y.
+// y(i) += f a(i, l), or -=, for n rows of column l of an a that is packed or diagonal.
+template <bool kSubtract>
+void add_scaled_column(double* y, const Operand& a, std::ptrdiff_t l, double f, std::ptrdiff_t n) {
+  if (a.layout == Operand::kDiagonal) {
+    if (l < n) {
+      y[l] = add_term<kSubtract>(y[l], a.data[l] * f);
+    }
+    return;
+  }
+  add_scaled<kSubtract>(y, a.data + packed_size(l), f, std::min(l, n));  // row l holds the column up to the diagonal
+  for (std::ptrdiff_t i = l; i < n; ++i) {
+    y[i] = add_term<kSubtract>(y[i], a.data[packed_size(i) + l] * f);
+  }
+}
+
+// Line k: n of its lanes, from lane `first` on, at y. Lanes of a diagonal a, and of a packed one beside anything but a
+// dense b, are taken from the first on.
 template <bool kSubtract>
 void add_line(double* y, const Operand& a, std::ptrdiff_t first, const Operand& b, std::ptrdiff_t k, std::ptrdiff_t n,
               std::ptrdiff_t terms) {
-  if (a.layout == Operand::kTransposed && b.layout == Operand::kDense) {
+  if (a.layout == Operand::kDense) {
+    add_dense_line<kSubtract>(y, a, first, b, k, n, terms);
+  } else if (a.layout == Operand::kTransposed) {
     add_dots<kSubtract>(y, a.data + first * a.ld, a.ld, n, b.data + k * b.ld, terms);
   } else if (a.layout == Operand::kPacked && b.layout == Operand::kDense) {
     add_symmetric_rows<kSubtract>(y, a.data, first, n, DenseColumn{b.data + k * b.ld}, terms);
-  } else if (a.layout == Operand::kPacked && b.layout == Operand::kPacked && first + n <= k + 1) {
-    add_symmetric_rows<kSubtract>(y, a.data, first, n, PackedColumn{b.data, k}, terms);
+  } else if (a.layout == Operand::kPacked && b.layout == Operand::kPacked && n <= k + 1) {
+    add_symmetric_rows<kSubtract>(y, a.data, 0, n, PackedColumn{b.data, k}, terms);
   } else {
     const Terms stored = terms_of(b, k, terms);
     for (std::ptrdiff_t l = stored.first; l < stored.end; ++l) {
-      add_scaled_column<kSubtract>(y, a, first, l, element(b, l, k), n);
+      add_scaled_column<kSubtract>(y, a, l, b.data[position(b, l, k)], n);
     }
   }
 }
@@ -98,10 +124,12 @@ void add_product(const Target& target, const Operand& a, const Operand& b, const
   }
 }
 
-// The elements (x y)(i, j) of a block of lanes i are formed for one term j and spread over the lines.
+// In a product of three b is dense or the transpose of a dense matrix. The elements (x y)(i, j) of a block of lanes i
+// are formed for one term j and spread over the lines.
 template <bool kSubtract>
 void add_product_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
                          const Operand& b, const Extent& extent) {
+  const Strides element(b);
   double left[kBlock];
   for (std::ptrdiff_t first = 0; first < extent.lanes; first += kBlock) {
     const std::ptrdiff_t count = std::min(kBlock, extent.lanes - first);
@@ -110,7 +138,7 @@ void add_product_on_left(const Target& target, const Operand& x, const Operand& 
       add_line<false>(left, x, first, y, j, count, inner);
       for (std::ptrdiff_t k = target.triangle ? first : 0; k < extent.lines; ++k) {
         const std::ptrdiff_t n = std::min(count, lanes_of(target, k, extent) - first);
-        add_scaled<kSubtract>(line_of(target, k) + first, left, element(b, j, k), n);
+        add_scaled<kSubtract>(line_of(target, k) + first, left, element(j, k), n);
       }
     }
   }
@@ -121,6 +149,7 @@ void add_product_on_left(const Target& target, const Operand& x, const Operand& 
 template <bool kSubtract>
 void add_product_with_row_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
                                   const Operand& b, const Extent& extent) {
+  const Strides element(b);
   double left[kBlock];
   for (std::ptrdiff_t i = 0; i < extent.lanes; ++i) {
     for (std::ptrdiff_t first = 0; first < extent.terms; first += kBlock) {
@@ -130,7 +159,7 @@ void add_product_with_row_on_left(const Target& target, const Operand& x, const 
       for (std::ptrdiff_t k = target.triangle ? i : 0; k < extent.lines; ++k) {
         double& sum = line_of(target, k)[i];
         for (std::ptrdiff_t j = 0; j < count; ++j) {
-          sum = add_term<kSubtract>(sum, left[j] * element(b, first + j, k));
+          sum = add_term<kSubtract>(sum, left[j] * element(first + j, k));
         }
       }
     }

@@ -134,11 +134,44 @@ static void packed_product(const Panel& panel, const Target& target, const Opera
   }
 }
 
+// A dense target no wider than a tile, and operands that are used where they lie: nothing but tiles below each other.
+ALIDADE_INLINE bool is_one_tile_wide(const Target& target, const Operand& b, const Extent& extent) {
+  return !target.triangle && b.layout != Operand::kPacked && extent.lanes <= kTileVectors * kWidth;
+}
+
+static void product_one_tile_wide(const Target& target, const Operand& a, const Operand& b, const Extent& extent,
+                                  Mode mode) {
+  const bool columns = b.layout == Operand::kDense;
+  const bool edge = extent.lanes % kWidth != 0;
+  const auto& run = columns ? (edge ? kEdgeTiles<kColumns>.run : kTiles<kColumns>.run)
+                            : (edge ? kEdgeTiles<kRows>.run : kTiles<kRows>.run);
+  const std::ptrdiff_t vectors = (extent.lanes + kWidth - 1) / kWidth;
+  Tile tile = {{a.data + a.row0 + a.column0 * a.ld, a.ld, 0},
+               {b.data + (columns ? b.row0 + b.column0 * b.ld : b.column0 + b.row0 * b.ld), b.ld, 0},
+               extent.terms,
+               {target.data, target.ld, 0},
+               extent.lanes,
+               0,
+               extent.lanes,
+               mode.clear};
+  for (std::ptrdiff_t line = 0; line < extent.lines;) {
+    const std::ptrdiff_t lines = next_piece(extent.lines - line, kTileLines);
+    run[lines][vectors](tile, tile.target);
+    tile.b.start += columns ? lines * b.ld : lines;
+    tile.target.start += lines * target.ld;
+    line += lines;
+  }
+}
+
 // With a panel at hand for a.
 static void product_by_panel(const Panel& panel, const Target& target, const Operand& a, const Operand& b,
                              const Extent& extent, Mode mode) {
   if (!used_where_it_lies(a, extent, mode)) {
     packed_product(panel, target, a, b, extent, mode);
+    return;
+  }
+  if (is_one_tile_wide(target, b, extent)) {
+    product_one_tile_wide(target, a, b, extent, mode);
     return;
   }
   for_each_block(extent, extent.terms, mode.clear, [&](const Block& block, bool clear) {

@@ -168,7 +168,7 @@ void run_tile(const Tile& tile, const TargetWalk& lines) {
 template <Supply kSupply>
 constexpr bool kIsTwo = kSupply == kTwoRows || kSupply == kTwoRowsSubtracted;
 template <Supply kSupply>
-constexpr int kMostLines = kIsTwo<kSupply> ? 2 : kTileLines;
+constexpr int kMostLines = kIsTwo<kSupply> ? (kWidth == 8 ? 4 : 3) : kTileLines;
 template <Supply kSupply>
 constexpr int kMostVectors = kIsTwo<kSupply>&& kTileVectors == 4 ? 2 : kTileVectors;
 
@@ -208,27 +208,39 @@ struct WholeLines {
   alignas(64) double values[kTileLines * kStride];
 };
 
-ALIDADE_INLINE std::ptrdiff_t lanes_of(const Tile& tile, std::ptrdiff_t r) {
-  return smaller(tile.lanes + r * tile.more, tile.max_lanes);
+// Calls with_line(line, stand-in, count) for the lines of the tile: how many of its `lanes` lanes are in the line.
+template <typename Function>
+ALIDADE_INLINE void for_each_line(WholeLines& whole, const Tile& tile, std::ptrdiff_t lines, std::ptrdiff_t lanes,
+                                  Function with_line) {
+  double* line = tile.target.start;
+  std::ptrdiff_t step = tile.target.step;
+  std::ptrdiff_t reach = tile.lanes;
+  for (std::ptrdiff_t r = 0; r < lines; ++r) {
+    with_line(line, whole.values + r * WholeLines::kStride, smaller(lanes, smaller(reach, tile.max_lanes)));
+    line += step;
+    step += tile.target.growth;
+    reach += tile.more;
+  }
 }
 
 static void load_whole_lines(WholeLines& whole, const Tile& tile, std::ptrdiff_t lines, std::ptrdiff_t lanes) {
-  for (std::ptrdiff_t r = 0; r < lines; ++r) {
-    const double* line = at(tile.target, r);
+  for_each_line(whole, tile, lines, lanes, [lanes](const double* line, double* to, std::ptrdiff_t count) {
     for (std::ptrdiff_t lane = 0; lane < lanes; lane += kWidth) {
-      store(whole.values + r * WholeLines::kStride + lane, load_lanes(line + lane, lanes_of(tile, r) - lane));
+      store(to + lane, load_lanes(line + lane, count - lane));
     }
-  }
+  });
 }
 
-static void store_whole_lines(const WholeLines& whole, const Tile& tile, std::ptrdiff_t lines, std::ptrdiff_t lanes) {
-  for (std::ptrdiff_t r = 0; r < lines; ++r) {
-    double* line = at(tile.target, r);
-    const std::ptrdiff_t count = smaller(lanes, lanes_of(tile, r));
-    for (std::ptrdiff_t lane = 0; lane < count; lane += kWidth) {
-      store_lanes(line + lane, load(whole.values + r * WholeLines::kStride + lane), count - lane);
+static void store_whole_lines(WholeLines& whole, const Tile& tile, std::ptrdiff_t lines, std::ptrdiff_t lanes) {
+  for_each_line(whole, tile, lines, lanes, [](double* line, const double* from, std::ptrdiff_t count) {
+    std::ptrdiff_t lane = 0;
+    for (; lane + kWidth <= count; lane += kWidth) {
+      store(line + lane, load(from + lane));
     }
-  }
+    if (lane < count) {
+      store_first(line + lane, load(from + lane), Mask(count - lane));
+    }
+  });
 }
 
 // `vectors` by `lines` sums from the beginning of the tile.
