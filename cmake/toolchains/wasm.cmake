@@ -1,5 +1,6 @@
 # WebAssembly with Debian's emscripten. Programs are run by Node.
 include(/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake)
+list(APPEND CMAKE_FIND_ROOT_PATH ${CMAKE_PREFIX_PATH}) # packages that the user names are of the target
 
 # C++ exceptions are off by default there; the tests and the examples use them.
 set(CMAKE_CXX_FLAGS_INIT -fexceptions)
