@@ -47,8 +47,9 @@
 ///
 /// **Overlap.** Unless a comment allows it, arguments must not overlap.
 ///
-/// **Memory.** Large products and operators copy blocks of their operands into up to 97 KB of the heap, and give it
-/// back; where the heap has nothing left they do with smaller blocks on the stack. They never throw.
+/// **Memory.** No function takes more than 16 KB of stack. Large products and operators copy blocks of their operands
+/// into up to 97 KB of the heap, and give it back; where the heap has nothing left they do with smaller blocks on the
+/// stack. They never throw.
 ///
 /// **Bits.** Class A (only + - * / sqrt and comparisons, the same bits on every IEEE 754 machine) unless a comment says
 /// otherwise.

@@ -125,14 +125,13 @@ TEST_F(FailingAllocations, RareInversionLeavesMatrixOrderAndProgress) {
         std::vector<double> matrix = before;
         TSMatrix N(matrix.data(), n);
         int progress = 7;
-        const long failed = fail_every_allocation([&] { RareInversion(N, &progress, 80); },
-                                                  [&] {
-                                                    EXPECT_EQ(N.GetDim1(), n);
-                                                    EXPECT_EQ(progress, 7);
-                                                    EXPECT_TRUE(bits::equal_arrays(matrix.data(), before.data(),
-                                                                                   before.size()))
-                                                        << "order " << n;
-                                                  });
+        const long failed = fail_every_allocation(
+            [&] { RareInversion(N, &progress, 80); },
+            [&] {
+              EXPECT_EQ(N.GetDim1(), n);
+              EXPECT_EQ(progress, 7);
+              EXPECT_TRUE(bits::equal_arrays(matrix.data(), before.data(), before.size())) << "order " << n;
+            });
         EXPECT_EQ(failed, n <= 32 ? 0 : 2) << "allocations at order " << n;
       }
     }
@@ -198,12 +197,42 @@ TEST_F(FailingAllocations, ProductsNeverThrow) {
       }
     };
     const std::size_t triangle = normal_matrices::count(kColumns);
-    compare([&](double* t) { TSMatrix T(t, kColumns); SMATRopRt_S_R(T, '+', R, S); }, triangle);
-    compare([&](double* t) { TSMatrix T(t, kColumns); SMATRopRt_R(T, '+', R); }, triangle);
-    compare([&](double* t) { TMatrix T(t, kRows, kColumns); MATRopS_R(T, '+', S, R); }, a.size());
-    compare([&](double* t) { TMatrix T(t, kRows, kColumns); MATRopR1_R2(T, '+', Q, R); }, a.size());
-    compare([&](double* t) { TSMatrix T(t, kRows); SMATRopABti(T, '-', R, R); }, s.size());
-    compare([&](double* t) { TMatrix T(t, kColumns, kColumns); MATRopR1t_R(T, '=', R, R); }, kColumns * kColumns);
+    compare(
+        [&](double* t) {
+          TSMatrix T(t, kColumns);
+          SMATRopRt_S_R(T, '+', R, S);
+        },
+        triangle);
+    compare(
+        [&](double* t) {
+          TSMatrix T(t, kColumns);
+          SMATRopRt_R(T, '+', R);
+        },
+        triangle);
+    compare(
+        [&](double* t) {
+          TMatrix T(t, kRows, kColumns);
+          MATRopS_R(T, '+', S, R);
+        },
+        a.size());
+    compare(
+        [&](double* t) {
+          TMatrix T(t, kRows, kColumns);
+          MATRopR1_R2(T, '+', Q, R);
+        },
+        a.size());
+    compare(
+        [&](double* t) {
+          TSMatrix T(t, kRows);
+          SMATRopABti(T, '-', R, R);
+        },
+        s.size());
+    compare(
+        [&](double* t) {
+          TMatrix T(t, kColumns, kColumns);
+          MATRopR1t_R(T, '=', R, R);
+        },
+        kColumns * kColumns);
   });
 }
 
