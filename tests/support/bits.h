@@ -11,6 +11,10 @@
 #include <cstring>
 #include <string>
 
+#if defined(ALIDADE_ARM_ADDITION)
+#include "strict_arithmetic.h"
+#endif
+
 namespace bits {
 
 inline std::uint64_t of(double v) {

@@ -95,6 +95,13 @@ TEST(CoordRecords, Arithmetic) {
   CHECK_BITS(a * b, -19.625);
 }
 
+// GCC's run-time library for ARM without floating-point unit loses a bit here. A library compiled with link-time
+// optimisation once took that subtraction, and only the results told.
+TEST(CoordRecords, DifferenceOfNumbersFarApart) {
+  const Coord difference = Coord(1.0, 0.0, 0.0) - Coord(0x1.011dd78f9949ap-33, 0.0, 0.0);
+  CHECK_BITS(difference.x, 0x1.fffffffefee23p-1);
+}
+
 TEST(CoordRecords, DotProductIsSummedFromZToX) {
   const Coord a(1.0, 1e16, -1e16);
   const Coord one(1.0, 1.0, 1.0);
