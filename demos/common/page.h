@@ -16,10 +16,10 @@ struct Segment {
   Point to;
 };
 
-inline Point centre_of(const Box& box) { return Point((box.left() + box.right()) / 2, (box.top() + box.bottom()) / 2); }
+inline Point centre_of(const Box& box) { return {(box.left() + box.right()) / 2, (box.top() + box.bottom()) / 2}; }
 
 inline Box box_around(const Point& p, double half_width, double half_height) {
-  return Box(p.x() - half_width, p.y() - half_height, p.x() + half_width, p.y() + half_height);
+  return {p.x() - half_width, p.y() - half_height, p.x() + half_width, p.y() + half_height};
 }
 
 // Have they more than an edge in common?

@@ -59,7 +59,7 @@ std::string format(const char* pattern, ...) {
   const int length = std::vsnprintf(nullptr, 0, pattern, arguments);
   va_end(arguments);
   std::string text(static_cast<std::size_t>(length) + 1, '\0');
-  std::vsnprintf(&text[0], text.size(), pattern, again);
+  std::vsnprintf(text.data(), text.size(), pattern, again);
   va_end(again);
   text.pop_back();
   return text;
@@ -71,7 +71,7 @@ std::string format_dms(double degrees, int decimals, char separator) {
   for (int k = 0; k < decimals; ++k) {
     units_per_second *= 10;
   }
-  const long long turn = 360 * 3600 * units_per_second;
+  const long long turn = 1296000 * units_per_second;
   const long long units = std::llround(degrees * 3600 * static_cast<double>(units_per_second)) % turn;
   const long long seconds = units / units_per_second;
   return format("%3lld%c%02lld%c%02lld.%0*lld", seconds / 3600, separator, seconds / 60 % 60, separator, seconds % 60,

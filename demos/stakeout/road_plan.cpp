@@ -101,11 +101,11 @@ private:
   static Point read_coordinates(Record& record) {
     const double north = record.number_between(-kLargestCoordinate, kLargestCoordinate);
     const double east = record.number_between(-kLargestCoordinate, kLargestCoordinate);
-    return Point(east, north);
+    return {east, north};
   }
 
   // Coordinates are reduced to the origin, which BEGIN sets. The difference of numbers so close is exact.
-  Point read_point(Record& record) {
+  Point read_point(Record& record) const {
     if (!begun_) {
       record.fail("expected BEGIN before " + record.type());
     }
