@@ -1,37 +1,17 @@
 // RareInversion beside LAPACK and Eigen, and how time and memory grow with the order.
 
 #include <alidade/matrix.h>
-#include <pthread.h>
-#include <sys/mman.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cstdio>
 #include <cstdlib>
-#include <new>
 #include <string>
 
 #include "matrix/kernels/kernels.h"
+#include "memory.h"
 #include "peers.h"
 #include "sets.h"
 #include "works.h"
-
-namespace {
-
-// What the library takes from the heap: it calls nothing but new.
-std::atomic<std::size_t> allocated{0};
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  allocated += size;
-  if (void* p = std::malloc(size)) {
-    return p;
-  }
-  throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 
 namespace benchmarks {
 namespace {
@@ -127,49 +107,12 @@ void measure_beside_peers(const char* work, Structure structure, int n) {
   measure(work, std::to_string(n), variants, n < 1000 ? kUsual : n < 2000 ? kLarge : Effort{3, 1e-3});
 }
 
-// Bytes of stack that a call touches: it runs on one that was filled before.
-struct Stacked {
-  const std::vector<double>* from;
-  std::vector<double>* to;
-  int n;
-};
-void* run_stacked(void* argument) {
-  const Stacked& call = *static_cast<Stacked*>(argument);
-  invert(*call.from, *call.to, call.n);
-  return nullptr;
-}
-std::size_t stack_of(Stacked call) {
-  constexpr std::size_t kSize = std::size_t{1} << 21;
-  constexpr unsigned char kFill = 0xa5;
-  void* stack = mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  auto* bytes = static_cast<unsigned char*>(stack);
-  std::fill_n(bytes, kSize, kFill);
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  pthread_attr_setstack(&attributes, stack, kSize);
-  pthread_t thread;
-  pthread_create(&thread, &attributes, run_stacked, &call);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
-  const auto untouched = static_cast<std::size_t>(
-      std::find_if(bytes, bytes + kSize, [](unsigned char byte) { return byte != kFill; }) - bytes);
-  munmap(stack, kSize);
-  return kSize - untouched;
-}
-
 void measure_growth(const std::string& work, Structure structure, int n) {
   const std::vector<double> packed = packed_matrix(structure, n);
   std::vector<double> target(packed.size());
   const std::vector<Variant> variants = on_best_set(0.0, [&] { invert(packed, target, n); });
   measure(work, std::to_string(n), variants, n <= 500 ? kUsual : Effort{n < 3000 ? 3 : 1, 1e-3});
-  allocated = 0;
-  invert(packed, target, n);
-  const std::size_t heap = allocated;
-  const std::vector<double> one = {1.0};
-  std::vector<double> of_one(1);
-  const std::size_t bare = stack_of({&one, &of_one, 1});  // the thread's own
-  std::printf("memory of %s|%d|heap|%zu|\nmemory of %s|%d|stack|%zu|\n", work.c_str(), n, heap, work.c_str(), n,
-              stack_of({&packed, &target, n}) - bare);
+  print_memory(work, n, [&] { invert(packed, target, n); });
 }
 
 }  // namespace

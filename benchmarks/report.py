@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Makes docs/performance.md and docs/performance.svg of what the benchmarks print (harness.h tells the form).
 
-    report.py folder file...
+    report.py folder library file...
 """
 import math
 import os
@@ -15,6 +15,7 @@ import plot
 
 SETS = ["SSE2", "AVX2", "AVX-512", "NEON"]
 PEERS = ["plain loops", "Eigen", "Eigen native", "OpenBLAS", "dpotrf+dpotri", "dpptrf+dpptri"]
+WITH_WORK_SPACE = ["MAtB", "SMatrProductAQAt", "SMATRopRt_S_R", "SMATRopABti"]
 NOISE = 1.1  # a ratio of two times is not told from 1 below this
 
 
@@ -231,8 +232,8 @@ def exponent(points):
 
 
 def chapter_scaling(out, figures):
-    structures = list(dict.fromkeys(work for work, _, _ in figures.memory))
-    sizes = sorted({n for _, n, _ in figures.memory})
+    structures = [s for s in dict.fromkeys(work for work, _, _ in figures.memory) if s not in WITH_WORK_SPACE]
+    sizes = sorted({n for work, n, _ in figures.memory if work in structures})
     rows = []
     for structure in structures:
         points = [(n, figures.seconds(structure, n, figures.best)) for n in sizes if (structure, n, "heap") in
@@ -241,9 +242,22 @@ def chapter_scaling(out, figures):
         rows.append([structure] + [time_of(times[n]) if n in times else "" for n in sizes] +
                     [f"{exponent([p for p in points if p[0] >= 100]):.2f}",
                      f"{exponent([p for p in points if p[0] >= 1000]):.2f}"])
-    for kind in ("heap", "stack"):
-        rows.append([f"{kind}, dense"] + [bytes_of(figures.memory["dense", n, kind]) for n in sizes] + ["", ""])
     table(out, ["matrix"] + [str(n) for n in sizes] + ["exponent from 100 on", "from 1000 on"], rows)
+
+
+def chapter_memory(out, figures, library):
+    code = subprocess.run(["size", library], capture_output=True, text=True, check=True).stdout.split("\n")[1].split()[0]
+    out += [f"The stripped shared library has {os.path.getsize(library):,} bytes, of which {int(code):,} are code and "
+            "constants.", ""]
+    works = [*WITH_WORK_SPACE, "dense"]
+    sizes = sorted({n for work, n, _ in figures.memory if work in works})
+    rows = []
+    for work in works:
+        for kind in ("heap", "stack"):
+            name = "`RareInversion`, dense" if work == "dense" else f"`{work}`, n x n"
+            cells = [figures.memory.get((work, n, kind)) for n in sizes]
+            rows.append([f"{name}: {kind}"] + ["" if c is None else bytes_of(c) for c in cells])
+    table(out, ["one call"] + [str(n) for n in sizes], rows)
 
 
 def machine():
@@ -257,7 +271,7 @@ def machine():
 
 
 def main():
-    folder, figures = sys.argv[1], Figures(sys.argv[2:])
+    folder, library, figures = sys.argv[1], sys.argv[2], Figures(sys.argv[3:])
     cpu, compiler = machine()
     core, config = figures.about["OpenBLAS"]
     out = ["# Performance", "",
@@ -288,8 +302,12 @@ def main():
             "Flops are counted as n³ whatever the structure, so that a sparse matrix can pass the limit.", ""]
     chapter_family(out, figures, list(dict.fromkeys(w for w, _ in figures.works if w.startswith("RareInversion"))))
     out += ["## Growth with the order", "",
-            "`RareInversion` on the library's own choice. Heap and stack are what one call takes beside the matrix.", ""]
+            "`RareInversion` on the library's own choice.", ""]
     chapter_scaling(out, figures)
+    out += ["## Code, stack and heap", "",
+            "What a call takes beside its operands. No public function takes more than 16 KB of stack; a test runs them all in "
+            "threads of 32 KB. A product that gets no heap goes on with a smaller panel on the stack.", ""]
+    chapter_memory(out, figures, library)
     out += ["## Small and thin shapes", "",
             "Every function on n x n with n from 1 to 24, and on n x 1, n x 2, n x 4 and so on up to n = 300, on every "
             "instruction set beside the plain loops.", ""]
