@@ -6,7 +6,8 @@ function(alidade_developer_options target)
   if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang" AND NOT MSVC)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow)
     if(ALIDADE_WARNINGS_AS_ERRORS)
-      target_compile_options(${target} PRIVATE -Wconversion -Werror)
+      # clang means conversions between signed and unsigned indices, too
+      target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wconversion> -Werror)
     endif()
     if(ALIDADE_SANITIZE)
       target_compile_options(${target} PRIVATE -fsanitize=${ALIDADE_SANITIZE} -fno-sanitize-recover=all
