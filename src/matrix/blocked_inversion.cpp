@@ -8,6 +8,7 @@
 
 #include "floating_class.h"
 #include "held_environment.h"
+#include "matrix/inversion_choice.h"
 #include "matrix/inversion_progress.h"
 #include "matrix/inversion_work.h"
 #include "matrix/kernels/kernel_table.h"
@@ -122,8 +123,12 @@ Rest invert_several_blocks(const KernelTable& fast, double* packed, std::ptrdiff
   Rest rest;
   Sparsity sparsity;
   sparsity.chunk = kGrain * ((n + 64 * kGrain - 1) / (64 * kGrain));
+  if (!fast.survey(packed, n, sparsity) ||
+      (sparse_matrices_are_told && plain_loops_do_less(packed, n, sparsity, fast.width, work.indices))) {
+    return rest;
+  }
   const InversionTiles tiles = tiles_in(work, n);
-  if (fast.survey(packed, n, sparsity) && factor_in_blocks(fast, packed, n, sparsity, tiles, rest, progress) &&
+  if (factor_in_blocks(fast, packed, n, sparsity, tiles, rest, progress) &&
       invert_factor_in_blocks(fast, packed, n, sparsity, tiles, rest, progress) &&
       multiply_in_blocks(fast, packed, n, sparsity, tiles, rest, progress)) {
     rest = {Rest::kNothing};

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "matrix/inversion_choice.h"
 #include "matrix/kernels/kernels.h"
 
 namespace kernel_sets {
@@ -25,11 +26,12 @@ inline std::vector<InstructionSet> all() {
   return sets;
 }
 
-// Leaves the fastest set behind, as the library chooses it.
+// Leaves the fastest set behind, as the library chooses it. In between, tiles invert sparse matrices, too.
 class Restore {
 public:
-  Restore() = default;
+  Restore() { alidade::sparse_matrices_are_told = false; }
   ~Restore() {
+    alidade::sparse_matrices_are_told = true;
     for (InstructionSet set : alidade::kernels::kInstructionSets) {
       alidade::kernels::select(set);
     }

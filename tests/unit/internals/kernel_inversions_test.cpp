@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "matrix/inversion_choice.h"
+#include "matrix/kernels/kernel_table.h"
 #include "reference/inversion.h"
 #include "support/bits.h"
 #include "support/kernel_sets.h"
@@ -255,8 +257,8 @@ TEST_F(KernelInversions, ProductUnderflowsAnywhere) {
   }
 }
 
-// Rows of the inverse grow by a factor from one to the next until they overflow somewhere: the limit up to which blocks
-// are safe lies within the first of these, an infinity in the others. Between the links lie unrelated parameters.
+// Rows of the inverse grow by a factor from one to the next until they overflow somewhere. Between the links lie
+// unrelated parameters.
 TEST_F(KernelInversions, InverseOverflowsAnywhere) {
   for (int n : kBlockedOrders) {
     nasty::Random random(static_cast<std::uint64_t>(n) + 5000);
@@ -275,6 +277,72 @@ TEST_F(KernelInversions, InverseOverflowsAnywhere) {
       }
     }
   }
+}
+
+// Orders at which the chunks of the account of nonzeros grow to 32, 48 and 64, against the plain loops: 3x3 blocks with
+// a border, an arrow, a band.
+TEST_F(KernelInversions, LargeSparseOrders) {
+  for (int n : sizes::all_or_few({1030, 2060, 3100}, {1030})) {
+    for (int structure = 0; structure < 3; ++structure) {
+      nasty::Random random(static_cast<std::uint64_t>(n + structure));
+      std::vector<double> matrix(count(n));
+      for (int i = 0; i < n; ++i) {
+        for (int j = 0; j < i; ++j) {
+          const bool present = structure == 0   ? i / 3 == j / 3 || i >= n - 5
+                               : structure == 1 ? i >= n - 2
+                                                : i - j <= 2 && i < 200;
+          matrix[at(i, j)] = present ? random.unit() : 0.0;
+        }
+      }
+      normal_matrices::dominate(matrix, n, random);
+      alidade::kernels::select(kernel_sets::InstructionSet::kPlain);
+      std::vector<double> expected = matrix;
+      TSMatrix plain(expected.data(), n);
+      EXPECT_EQ(RareInversion(plain, nullptr, 0), 0);
+      for (kernel_sets::InstructionSet set : kernel_sets::all()) {
+        alidade::kernels::select(set);
+        std::vector<double> actual = matrix;
+        TSMatrix N(actual.data(), n);
+        EXPECT_EQ(RareInversion(N, nullptr, 0), 0);
+        EXPECT_TRUE(bits::equal_arrays(actual.data(), expected.data(), actual.size()))
+            << "structure " << structure << " of order " << n << " on " << kernel_sets::name(set);
+      }
+    }
+  }
+}
+
+// What is left to the plain loops because it is sparse has the same bits; and that is not much.
+TEST_F(KernelInversions, PlainLoopsDoWhatIsSparseWithoutBlocks) {
+  constexpr int kOrder = 400;
+  nasty::Random random(400);
+  std::vector<double> scattered(count(kOrder));
+  for (int i = 0; i < kOrder / 2; ++i) {
+    const int row = 1 + random.below(kOrder - 1);
+    scattered[at(row, random.below(row))] = random.unit();
+  }
+  normal_matrices::dominate(scattered, kOrder, random);
+  const std::vector<double> dense = normal_matrices::definite(Structure::kDense, kOrder, random, Zeros::kPositive);
+  const std::vector<double> bordered =
+      normal_matrices::definite(Structure::kBordered, kOrder, random, Zeros::kPositive);
+  std::vector<std::ptrdiff_t> indices(3 * kOrder);
+  const auto left_to_plain_loops = [&](const std::vector<double>& matrix) {
+    const alidade::kernels::KernelTable& fast = *alidade::kernels::active();
+    alidade::kernels::Sparsity sparsity;
+    sparsity.chunk = alidade::kernels::kGrain;
+    EXPECT_TRUE(fast.survey(matrix.data(), kOrder, sparsity));
+    return alidade::plain_loops_do_less(matrix.data(), kOrder, sparsity, fast.width, indices.data());
+  };
+  alidade::sparse_matrices_are_told = true;
+  for (kernel_sets::InstructionSet set : kernel_sets::all()) {
+    alidade::kernels::select(set);
+    if (alidade::kernels::active() != nullptr) {
+      EXPECT_TRUE(left_to_plain_loops(scattered)) << kernel_sets::name(set);
+      EXPECT_FALSE(left_to_plain_loops(dense)) << kernel_sets::name(set);
+    }
+  }
+  EXPECT_EQ(compare(scattered, kOrder, "scattered"), 0);
+  EXPECT_EQ(compare(bordered, kOrder, "bordered"), 0);
+  EXPECT_EQ(compare(dense, kOrder, "dense"), 0);
 }
 
 }  // namespace
