@@ -96,8 +96,8 @@ bool sparse_matrices_are_told = true;
 
 bool plain_loops_do_less(const double* packed, std::ptrdiff_t n, const Sparsity& sparsity, std::ptrdiff_t width,
                          std::ptrdiff_t* indices) {
-  // A look at an element, or an addition to it, takes the plain loops as long as a tile a vector of products, or half as
-  // long again when the matrix does not fit in a cache. They look at each element six times in search of nonzeros.
+  // A look at an element, or an addition to it, takes the plain loops as long as a tile a vector of products, or half
+  // as long again when the matrix does not fit in a cache. They look at each element six times in search of nonzeros.
   constexpr double kMemory = 1.5;
   const auto order = static_cast<double>(n);
   const double tile_steps = tile_products(n, sparsity) / static_cast<double>(width);

@@ -19,6 +19,7 @@ enum class Preparation {
   kCopies,      // stretches are copied, such as the diagonal blocks of a packed operand
   kTransposes,  // blocks are transposed
   kTwoCopies,   // two operands are copied, for a sum of two products
+  kOneLine,     // a single line, or a product on the way that is kept
   kMirrors      // a packed operand supplies the lanes: the plain loops have to jump about in it
 };
 
@@ -30,8 +31,8 @@ inline const ProductLoops& loops_for(const Target& target, const Extent& extent,
   struct Least {
     int lines, terms, products;
   };
-  constexpr Least kOfTwo[] = {{1, 5, 200}, {2, 5, 1000}, {3, 5, 1500}, {6, 5, 3000}, {3, 2, 60}};
-  constexpr Least kOfMore[] = {{1, 3, 125}, {2, 3, 300}, {3, 3, 1000}, {3, 3, 400}, {3, 2, 60}};
+  constexpr Least kOfTwo[] = {{2, 5, 100}, {6, 5, 1400}, {6, 5, 1500}, {6, 6, 3000}, {1, 5, 200}, {4, 3, 120}};
+  constexpr Least kOfMore[] = {{2, 3, 30}, {2, 3, 400}, {3, 5, 700}, {3, 6, 600}, {1, 3, 125}, {3, 3, 100}};
   const kernels::KernelTable* fast = kernels::active();
   if (fast == nullptr) {
     return plain::product_loops;
@@ -41,7 +42,7 @@ inline const ProductLoops& loops_for(const Target& target, const Extent& extent,
   if (extent.lanes < 1 || extent.lines < least.lines || terms < least.terms || lines_overlap) {
     return plain::product_loops;
   }
-  const std::int64_t elements = std::int64_t{extent.lanes} * extent.lines;
+  const std::int64_t elements = std::int64_t{extent.lanes} * extent.lines / (target.triangle ? 2 : 1);
   return elements >= least.products || elements * terms >= least.products ? fast->products : plain::product_loops;
 }
 
@@ -54,10 +55,11 @@ inline void multiply(const Target& target, const Operand& a, const Operand& b, c
   const bool mirrors = a.layout == Operand::kPacked && !(target.triangle && b.layout == Operand::kPacked);
   const bool transposes = a.layout == Operand::kPacked || a.layout == Operand::kTransposed;
   const bool copies = b.layout == Operand::kPacked || mode.negate;
-  const Preparation preparation = mirrors      ? Preparation::kMirrors
-                                  : transposes ? Preparation::kTransposes
-                                  : copies     ? Preparation::kCopies
-                                               : Preparation::kNothing;
+  const Preparation preparation = mirrors            ? Preparation::kMirrors
+                                  : transposes       ? Preparation::kTransposes
+                                  : copies           ? Preparation::kCopies
+                                  : extent.lines > 1 ? Preparation::kNothing
+                                                     : Preparation::kOneLine;
   loops_for(target, extent, extent.terms, preparation).product(target, a, b, extent, mode);
 }
 
@@ -66,7 +68,7 @@ inline void multiply_on_left(const Target& target, const Operand& x, const Opera
                              const Operand& b, const Extent& extent, Mode mode) {
   const bool copies = y.layout == Operand::kPacked && x.layout != Operand::kTransposed;
   const std::ptrdiff_t terms = inner < extent.terms ? inner : extent.terms;
-  loops_for(target, extent, terms, copies ? Preparation::kCopies : Preparation::kNothing)
+  loops_for(target, extent, terms, copies ? Preparation::kCopies : Preparation::kOneLine)
       .product_on_left(target, x, y, inner, b, extent, mode);
 }
 
