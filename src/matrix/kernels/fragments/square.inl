@@ -86,12 +86,12 @@ static void store_square(const double* square, std::ptrdiff_t ld, double* packed
 template <int V>
 using Strip = Vector[kWidth][V];
 
-// The strip of columns from column k on, lanes from `lane` on, less the products of the columns before it.
-template <int V>
+// The first C columns of the strip from column k on, lanes from `lane` on, less the products of the columns before it.
+template <int V, int C>
 ALIDADE_INLINE void load_strip(const double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrdiff_t lane,
                                Strip<V>& strip) {
   ALIDADE_UNROLL
-  for (int c = 0; c < kWidth; ++c) {
+  for (int c = 0; c < C; ++c) {
     ALIDADE_UNROLL
     for (int v = 0; v < V; ++v) {
       strip[c][v] = load(square + (k + c) * ld + lane + v * kWidth);
@@ -104,7 +104,7 @@ ALIDADE_INLINE void load_strip(const double* square, std::ptrdiff_t ld, std::ptr
       l[v] = load(square + lane + v * kWidth);
     }
     ALIDADE_UNROLL
-    for (int c = 0; c < kWidth; ++c) {
+    for (int c = 0; c < C; ++c) {
       const Vector factor = broadcast(square + k + c);
       ALIDADE_UNROLL
       for (int v = 0; v < V; ++v) {
@@ -113,11 +113,11 @@ ALIDADE_INLINE void load_strip(const double* square, std::ptrdiff_t ld, std::ptr
     }
   }
 }
-template <int V>
+template <int V, int C>
 ALIDADE_INLINE void store_strip(double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrdiff_t lane,
                                 const Strip<V>& strip) {
   ALIDADE_UNROLL
-  for (int c = 0; c < kWidth; ++c) {
+  for (int c = 0; c < C; ++c) {
     ALIDADE_UNROLL
     for (int v = 0; v < V; ++v) {
       store(square + (k + c) * ld + lane + v * kWidth, strip[c][v]);
@@ -141,33 +141,34 @@ ALIDADE_INLINE void subtract_column(Strip<V>& strip, int c, int other, const dou
   }
 }
 
-// The lanes of a strip that begin with those on the diagonal; as many of its columns as have a positive pivot.
-template <int V>
+// The lanes of a strip of at most C columns that begin with those on the diagonal; as many of its columns as have a
+// positive pivot.
+template <int V, int C>
 int factor_on_diagonal(double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrdiff_t order) {
   Strip<V> strip;
-  load_strip<V>(square, ld, k, k, strip);
+  load_strip<V, C>(square, ld, k, k, strip);
   double reciprocals[kWidth];
   int finished = 0;
   double pivot = strip[0][0][0];
   ALIDADE_UNROLL
-  for (int c = 0; c < kWidth; ++c) {
+  for (int c = 0; c < C; ++c) {
     if (finished < c || k + c >= order || !(pivot > 0.0)) {
       continue;
     }
     reciprocals[c] = 1.0 / alidade::square_root(pivot);
-    if (c + 1 < kWidth) {  // the next pivot by itself: its root is what the next column waits for
+    if (c + 1 < C) {  // the next pivot by itself: its root is what the next column waits for
       const double below = strip[c][0][c + 1] * reciprocals[c];
       pivot = strip[c + 1][0][c + 1] - below * below;
     }
     finish_column<V>(strip, c, reciprocals + c);
     ALIDADE_UNROLL
-    for (int other = c + 1; other < kWidth; ++other) {
+    for (int other = c + 1; other < C; ++other) {
       const double factor = strip[c][0][other];
       subtract_column<V>(strip, c, other, &factor);
     }
     finished = c + 1;
   }
-  store_strip<V>(square, ld, k, k, strip);
+  store_strip<V, C>(square, ld, k, k, strip);
   for (int c = 0; c < finished; ++c) {
     square[(k + c) * ld + k + c] = reciprocals[c];
   }
@@ -178,7 +179,7 @@ int factor_on_diagonal(double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std:
 template <int V>
 void factor_below(double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrdiff_t lane) {
   Strip<V> strip;
-  load_strip<V>(square, ld, k, lane, strip);
+  load_strip<V, kWidth>(square, ld, k, lane, strip);
   const double* column = square + k * ld + k;
   ALIDADE_UNROLL
   for (int c = 0; c < kWidth; ++c, column += ld) {
@@ -188,7 +189,7 @@ void factor_below(double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrd
       subtract_column<V>(strip, c, other, column + other);
     }
   }
-  store_strip<V>(square, ld, k, lane, strip);
+  store_strip<V, kWidth>(square, ld, k, lane, strip);
 }
 
 // Factorises the block, rows ascending; its diagonal gets the reciprocals. The number of finished columns. A value of
@@ -196,8 +197,10 @@ void factor_below(double* square, std::ptrdiff_t ld, std::ptrdiff_t k, std::ptrd
 static std::ptrdiff_t factor_square(double* square, std::ptrdiff_t ld, std::ptrdiff_t order) {
   std::ptrdiff_t finished = 0;
   for (std::ptrdiff_t k = 0; k < order; k += kWidth) {
-    const bool two = order - k > kWidth;
-    const int columns = two ? factor_on_diagonal<2>(square, ld, k, order) : factor_on_diagonal<1>(square, ld, k, order);
+    const std::ptrdiff_t rest = order - k;
+    const int columns = (rest > kWidth       ? factor_on_diagonal<2, kWidth>
+                         : rest > kWidth / 2 ? factor_on_diagonal<1, kWidth>
+                                             : factor_on_diagonal<1, kWidth / 2>)(square, ld, k, order);
     finished += columns;
     for (std::ptrdiff_t lane = k + 2 * kWidth; lane < order;) {
       const std::ptrdiff_t vectors = next_piece((order - lane + kWidth - 1) / kWidth, 3);
