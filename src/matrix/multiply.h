@@ -23,16 +23,15 @@ enum class Preparation {
   kMirrors      // a packed operand supplies the lanes: the plain loops have to jump about in it
 };
 
-// The loops to take; `terms` is the smaller of two sums' where one product stands in the other. A tile has a fixed
-// cost, so that the plain loops serve for small work. Measured by the benchmark of small shapes; a wrong choice costs
-// time, never bits.
-inline const ProductLoops& loops_for(const Target& target, const Extent& extent, std::ptrdiff_t terms,
-                                     Preparation preparation) {
+// The loops to take for so many sums of so many terms. A tile has a fixed cost, so that the plain loops serve for small
+// work. Measured by the benchmark of small shapes; a wrong choice costs time, never bits.
+inline const ProductLoops& loops_for(const Target& target, const Extent& extent, std::int64_t sums,
+                                     std::ptrdiff_t terms, Preparation preparation) {
   struct Least {
     int lines, terms, products;
   };
   constexpr Least kOfTwo[] = {{2, 5, 100}, {6, 5, 1400}, {6, 5, 1500}, {6, 6, 3000}, {1, 5, 200}, {4, 3, 120}};
-  constexpr Least kOfMore[] = {{2, 3, 30}, {2, 3, 400}, {3, 5, 700}, {3, 6, 600}, {1, 3, 125}, {3, 3, 100}};
+  constexpr Least kOfMore[] = {{2, 3, 30}, {2, 3, 350}, {3, 5, 700}, {3, 6, 450}, {1, 3, 125}, {3, 3, 100}};
   const kernels::KernelTable* fast = kernels::active();
   if (fast == nullptr) {
     return plain::product_loops;
@@ -42,8 +41,12 @@ inline const ProductLoops& loops_for(const Target& target, const Extent& extent,
   if (extent.lanes < 1 || extent.lines < least.lines || terms < least.terms || lines_overlap) {
     return plain::product_loops;
   }
-  const std::int64_t elements = std::int64_t{extent.lanes} * extent.lines / (target.triangle ? 2 : 1);
-  return elements >= least.products || elements * terms >= least.products ? fast->products : plain::product_loops;
+  return sums >= least.products || sums * terms >= least.products ? fast->products : plain::product_loops;
+}
+
+inline std::int64_t elements_of(const Target& target, const Extent& extent) {
+  const std::int64_t elements = std::int64_t{extent.lanes} * extent.lines;
+  return target.triangle ? elements / 2 : elements;
 }
 
 // target (+)= a b
@@ -60,7 +63,7 @@ inline void multiply(const Target& target, const Operand& a, const Operand& b, c
                                   : copies           ? Preparation::kCopies
                                   : extent.lines > 1 ? Preparation::kNothing
                                                      : Preparation::kOneLine;
-  loops_for(target, extent, extent.terms, preparation).product(target, a, b, extent, mode);
+  loops_for(target, extent, elements_of(target, extent), extent.terms, preparation).product(target, a, b, extent, mode);
 }
 
 // target (+)= (x y) b, the product in brackets a sum of `inner` terms and rounded by itself
@@ -68,7 +71,8 @@ inline void multiply_on_left(const Target& target, const Operand& x, const Opera
                              const Operand& b, const Extent& extent, Mode mode) {
   const bool copies = y.layout == Operand::kPacked && x.layout != Operand::kTransposed;
   const std::ptrdiff_t terms = inner < extent.terms ? inner : extent.terms;
-  loops_for(target, extent, terms, copies ? Preparation::kCopies : Preparation::kOneLine)
+  const std::int64_t sums = std::int64_t{extent.lanes} * extent.lines;  // of a triangle and of the inner product
+  loops_for(target, extent, sums, terms, copies ? Preparation::kCopies : Preparation::kOneLine)
       .product_on_left(target, x, y, inner, b, extent, mode);
 }
 
@@ -76,13 +80,15 @@ inline void multiply_on_left(const Target& target, const Operand& x, const Opera
 inline void multiply_on_right(const Target& target, const Operand& a, const Operand& y, std::ptrdiff_t inner,
                               const Operand& z, const Extent& extent, Mode mode) {
   const std::ptrdiff_t terms = inner < extent.terms ? inner : extent.terms;
-  loops_for(target, extent, terms, Preparation::kCopies).product_on_right(target, a, y, inner, z, extent, mode);
+  const std::int64_t sums = std::int64_t{extent.lanes} * extent.lines;
+  loops_for(target, extent, sums, terms, Preparation::kCopies).product_on_right(target, a, y, inner, z, extent, mode);
 }
 
 // target (+)= a b' + b a'
 inline void multiply_symmetrized(const Target& target, const Operand& a, const Operand& b, const Extent& extent,
                                  Mode mode) {
-  loops_for(target, extent, extent.terms, Preparation::kTwoCopies).symmetrized_product(target, a, b, extent, mode);
+  loops_for(target, extent, elements_of(target, extent), extent.terms, Preparation::kTwoCopies)
+      .symmetrized_product(target, a, b, extent, mode);
 }
 
 }  // namespace alidade
