@@ -90,6 +90,18 @@ double plain_steps(const double* packed, std::ptrdiff_t n, const Sparsity& s, do
   return steps;
 }
 
+// Is more than a third of it nonzero, as far as every sixteenth row tells? Then the tiles have less to do.
+bool is_dense(const double* packed, std::ptrdiff_t n) {
+  std::ptrdiff_t nonzeros = 0;
+  std::ptrdiff_t elements = 0;
+  for (std::ptrdiff_t i = 15; i < n; i += 16) {
+    const double* row = packed + packed_size(i);
+    nonzeros += (i + 1) - std::count(row, row + i + 1, 0.0);
+    elements += i + 1;
+  }
+  return 3 * nonzeros > elements;
+}
+
 }  // namespace
 
 bool sparse_matrices_are_told = true;
@@ -102,7 +114,7 @@ bool plain_loops_do_less(const double* packed, std::ptrdiff_t n, const Sparsity&
   const auto order = static_cast<double>(n);
   const double tile_steps = tile_products(n, sparsity) / static_cast<double>(width);
   const double enough = (tile_steps - 3.0 * order * order) / kMemory;
-  return plain_steps(packed, n, sparsity, enough, indices) < enough;
+  return enough > 0.0 && !is_dense(packed, n) && plain_steps(packed, n, sparsity, enough, indices) < enough;
 }
 
 }  // namespace alidade
