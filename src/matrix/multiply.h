@@ -19,34 +19,53 @@ enum class Preparation {
   kCopies,      // stretches are copied, such as the diagonal blocks of a packed operand
   kTransposes,  // blocks are transposed
   kTwoCopies,   // two operands are copied, for a sum of two products
-  kOneLine,     // a single line, or a product on the way that is kept
+  kOneLine,     // a single line
+  kInner,       // a product on the way is kept
   kMirrors      // a packed operand supplies the lanes: the plain loops have to jump about in it
 };
 
-// The loops to take for so many sums of so many terms. A tile has a fixed cost, so that the plain loops serve for small
-// work. Measured by the benchmark of small shapes; a wrong choice costs time, never bits.
-inline const ProductLoops& loops_for(const Target& target, const Extent& extent, std::int64_t sums,
-                                     std::ptrdiff_t terms, Preparation preparation) {
+// How much there is to do: products = sums * terms; `least_terms` is the smaller of two sums' where one product stands
+// in the other.
+struct Work {
+  std::int64_t sums;
+  std::int64_t terms;
+  std::int64_t least_terms;
+};
+
+// The loops to take. A tile has a fixed cost, so that the plain loops serve for small work. Measured by the benchmark
+// of small shapes; a wrong choice costs time, never bits.
+inline const ProductLoops& loops_for(const Target& target, const Extent& extent, const Work& work,
+                                     Preparation preparation) {
   struct Least {
     int lines, terms, products;
   };
-  constexpr Least kOfTwo[] = {{2, 5, 100}, {6, 5, 1400}, {6, 5, 1500}, {6, 6, 3000}, {1, 5, 200}, {4, 3, 120}};
-  constexpr Least kOfMore[] = {{2, 3, 30}, {2, 3, 350}, {3, 5, 700}, {3, 6, 450}, {1, 3, 125}, {3, 3, 100}};
+  constexpr Least kOfTwo[] = {{2, 5, 100}, {6, 5, 1400}, {6, 5, 1500}, {6, 6, 3000},
+                              {1, 5, 200}, {2, 5, 2000}, {4, 3, 120}};
+  constexpr Least kOfMore[] = {{2, 3, 30},  {2, 3, 350}, {3, 5, 700}, {3, 6, 450},
+                               {1, 3, 125}, {2, 3, 330}, {3, 3, 100}};
   const kernels::KernelTable* fast = kernels::active();
   if (fast == nullptr) {
     return plain::product_loops;
   }
   const Least& least = (fast->width > 2 ? kOfMore : kOfTwo)[static_cast<int>(preparation)];
   const bool lines_overlap = !target.triangle && target.ld < extent.lanes && extent.lines > 1;
-  if (extent.lanes < 1 || extent.lines < least.lines || terms < least.terms || lines_overlap) {
+  if (extent.lanes < 1 || extent.lines < least.lines || work.least_terms < least.terms || lines_overlap) {
     return plain::product_loops;
   }
-  return sums >= least.products || sums * terms >= least.products ? fast->products : plain::product_loops;
+  return work.sums >= least.products || work.sums * work.terms >= least.products ? fast->products
+                                                                                 : plain::product_loops;
 }
 
-inline std::int64_t elements_of(const Target& target, const Extent& extent) {
+inline Work work_of(const Target& target, const Extent& extent) {
   const std::int64_t elements = std::int64_t{extent.lanes} * extent.lines;
-  return target.triangle ? elements / 2 : elements;
+  return {target.triangle ? elements / 2 : elements, extent.terms, extent.terms};
+}
+
+// With a product on the way of which each element is a sum of `inner` terms and meets `others` elements of a third
+// operand.
+inline Work work_of(const Target& target, std::int64_t elements, std::ptrdiff_t inner, std::ptrdiff_t others,
+                    std::ptrdiff_t terms) {
+  return {elements, inner + (target.triangle ? others / 2 : others), inner < terms ? inner : terms};
 }
 
 // target (+)= a b
@@ -63,31 +82,30 @@ inline void multiply(const Target& target, const Operand& a, const Operand& b, c
                                   : copies           ? Preparation::kCopies
                                   : extent.lines > 1 ? Preparation::kNothing
                                                      : Preparation::kOneLine;
-  loops_for(target, extent, elements_of(target, extent), extent.terms, preparation).product(target, a, b, extent, mode);
+  loops_for(target, extent, work_of(target, extent), preparation).product(target, a, b, extent, mode);
 }
 
 // target (+)= (x y) b, the product in brackets a sum of `inner` terms and rounded by itself
 inline void multiply_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
                              const Operand& b, const Extent& extent, Mode mode) {
-  const bool copies = y.layout == Operand::kPacked && x.layout != Operand::kTransposed;
-  const std::ptrdiff_t terms = inner < extent.terms ? inner : extent.terms;
-  const std::int64_t sums = std::int64_t{extent.lanes} * extent.lines;  // of a triangle and of the inner product
-  loops_for(target, extent, sums, terms, copies ? Preparation::kCopies : Preparation::kOneLine)
+  const Work work = work_of(target, std::int64_t{extent.lanes} * extent.terms, inner, extent.lines, extent.terms);
+  const bool is_vector = x.layout == Operand::kTransposed;
+  loops_for(target, extent, is_vector ? work_of(target, extent) : work,
+            is_vector ? Preparation::kOneLine : Preparation::kInner)
       .product_on_left(target, x, y, inner, b, extent, mode);
 }
 
 // target (+)= a (y z)
 inline void multiply_on_right(const Target& target, const Operand& a, const Operand& y, std::ptrdiff_t inner,
                               const Operand& z, const Extent& extent, Mode mode) {
-  const std::ptrdiff_t terms = inner < extent.terms ? inner : extent.terms;
-  const std::int64_t sums = std::int64_t{extent.lanes} * extent.lines;
-  loops_for(target, extent, sums, terms, Preparation::kCopies).product_on_right(target, a, y, inner, z, extent, mode);
+  const Work work = work_of(target, std::int64_t{extent.lines} * extent.terms, inner, extent.lanes, extent.terms);
+  loops_for(target, extent, work, Preparation::kInner).product_on_right(target, a, y, inner, z, extent, mode);
 }
 
 // target (+)= a b' + b a'
 inline void multiply_symmetrized(const Target& target, const Operand& a, const Operand& b, const Extent& extent,
                                  Mode mode) {
-  loops_for(target, extent, elements_of(target, extent), extent.terms, Preparation::kTwoCopies)
+  loops_for(target, extent, work_of(target, extent), Preparation::kTwoCopies)
       .symmetrized_product(target, a, b, extent, mode);
 }
 

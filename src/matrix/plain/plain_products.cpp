@@ -57,18 +57,21 @@ struct Strides {
 template <bool kSubtract>
 void add_dense_line(double* y, const Operand& a, std::ptrdiff_t first, const Operand& b, std::ptrdiff_t k,
                     std::ptrdiff_t n, std::ptrdiff_t terms) {
-  if (b.layout == Operand::kPacked) {
-    for (std::ptrdiff_t l = 0; l < terms; ++l) {
-      add_scaled<kSubtract>(y, a.data + l * a.ld + first, b.data[packed_index(l, k)], n);
+  const double* column = a.data + first;
+  if (b.layout == Operand::kPacked) {  // up to the diagonal row k holds its column, beyond it other rows do
+    const double* element = b.data + packed_size(k);
+    for (std::ptrdiff_t l = 0; l < terms; ++l, column += a.ld) {
+      add_scaled<kSubtract>(y, column, *element, n);
+      element += l < k ? 1 : l + 1;
     }
   } else if (b.layout == Operand::kDiagonal) {
     if (k < terms) {
-      add_scaled<kSubtract>(y, a.data + k * a.ld + first, b.data[k], n);
+      add_scaled<kSubtract>(y, column + k * a.ld, b.data[k], n);
     }
   } else {
     const Strides element(b);
-    for (std::ptrdiff_t l = 0; l < terms; ++l) {
-      add_scaled<kSubtract>(y, a.data + l * a.ld + first, element(l, k), n);
+    for (std::ptrdiff_t l = 0; l < terms; ++l, column += a.ld) {
+      add_scaled<kSubtract>(y, column, element(l, k), n);
     }
   }
 }
@@ -136,9 +139,13 @@ void add_product_on_left(const Target& target, const Operand& x, const Operand& 
     for (std::ptrdiff_t j = 0; j < extent.terms; ++j) {
       clear(left, count);
       add_line<false>(left, x, first, y, j, count, inner);
-      for (std::ptrdiff_t k = target.triangle ? first : 0; k < extent.lines; ++k) {
-        const std::ptrdiff_t n = std::min(count, lanes_of(target, k, extent) - first);
-        add_scaled<kSubtract>(line_of(target, k) + first, left, element(j, k), n);
+      const std::ptrdiff_t above = target.triangle ? first : 0;
+      double* line = line_of(target, above) + first;
+      std::ptrdiff_t step = target.triangle ? first + 1 : target.ld;
+      for (std::ptrdiff_t k = above; k < extent.lines; ++k) {
+        add_scaled<kSubtract>(line, left, element(j, k), std::min(count, lanes_of(target, k, extent) - first));
+        line += step;
+        step += target.triangle ? 1 : 0;
       }
     }
   }

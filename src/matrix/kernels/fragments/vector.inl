@@ -30,12 +30,14 @@ constexpr int kWidth = 2;
 constexpr int kTileLines = ALIDADE_TILE_LINES;  // lines of the target held in registers,
 constexpr int kTileVectors = 4;                 // by vectors of lanes
 
-using Unaligned = double __attribute__((vector_size(16), aligned(8), may_alias));
-
 inline Vector zero() { return Vector{}; }
 inline Vector broadcast(const double* p) { return Vector{*p, *p}; }
-inline Vector load(const double* p) { return *reinterpret_cast<const Unaligned*>(p); }
-inline void store(double* p, Vector v) { *reinterpret_cast<Unaligned*>(p) = v; }
+inline Vector load(const double* p) {
+  Vector v;
+  __builtin_memcpy(&v, p, sizeof v);  // an unaligned load
+  return v;
+}
+inline void store(double* p, Vector v) { __builtin_memcpy(p, &v, sizeof v); }
 
 // The first `count` lanes, 0 < count < kWidth; on loading lane 0 fills the others.
 struct Mask {
