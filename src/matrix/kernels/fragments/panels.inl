@@ -24,8 +24,8 @@ public:
       constexpr std::size_t kCacheLine = 64;
       heap_ = take_work_space(static_cast<std::size_t>(size) * sizeof(double) + kCacheLine);
       if (heap_ != nullptr) {
-        const auto address = reinterpret_cast<std::uintptr_t>(heap_);
-        values_ = reinterpret_cast<double*>((address + kCacheLine - 1) / kCacheLine * kCacheLine);
+        const std::size_t beyond = reinterpret_cast<std::uintptr_t>(heap_) % kCacheLine;
+        values_ = static_cast<double*>(heap_) + (kCacheLine - beyond) / sizeof(double);
       } else {
         terms_ = kOnStack / (kCount * ld_);
       }
