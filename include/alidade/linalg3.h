@@ -24,7 +24,7 @@
 ///
 /// **Bits.** Class A (only + - * / sqrt and comparisons, the same bits on every IEEE 754 machine) unless a comment says
 /// class B (calls the math library as well). Every sum of products starts at +0.0 and takes its terms in ascending
-/// order, so that these members give the bits of the general kernels in matrix.h.
+/// order, so that these members give the bits of the products in matrix.h.
 
 #include <alidade/export.h>
 #include <alidade/points.h>

@@ -2,8 +2,8 @@
 #define ALIDADE_MATRIX_H
 
 /// @file
-/// Packed symmetric and rectangular matrices, product kernels, the operator family, the inversion of normal
-/// matrices, and scalar helpers.
+/// Packed symmetric and rectangular matrices, products, the operator family, the inversion of normal matrices, and
+/// scalar helpers.
 ///
 /// **Storage.** Every matrix is one array of doubles; all indices count from zero.
 ///
@@ -153,7 +153,7 @@ public:
   /// @param A  dense, R's order in use by this matrix's order in use
   /// @param R  the target, overwritten; not this matrix
   ///
-  /// SMatrProductAQAt with the code NUL, which that kernel takes for assignment. Bits: class A.
+  /// SMatrProductAQAt with the code NUL, which that function takes for assignment. Bits: class A.
   void A_This_At(double* A, TSMatrix& R);
 
   /// P = S B for one column B of Dim1 elements.
@@ -322,7 +322,7 @@ ALIDADE_API void SMatrProductAQAt(const double* a, const double* q, double* c, i
 ///
 /// @param r   vector of m elements, the target
 /// @param op  '+' adds to r; **any other code overwrites r with the positive product**, '-' and '|' among them
-///            (deliberate: this kernel never subtracts)
+///            (deliberate: this function never subtracts)
 /// @param a   dense, n by m
 /// @param q   packed, of order n
 /// @param l   vector of n elements

@@ -3,8 +3,8 @@
 
 // Element by element between a block of a matrix and a caller's buffer. Codes: '+' and '-' add the buffer to the matrix
 // and subtract it, '=' copies into the matrix, '>' out of it, '0' clears the block (the buffer may be null); any other
-// code does nothing. Indices count from zero. The exported kernels and the members of the matrix classes stand on
-// these.
+// code does nothing. Indices count from zero. The exported functions and the members of the matrix classes
+// stand on these.
 
 namespace alidade {
 

@@ -1,8 +1,8 @@
 #ifndef ALIDADE_SRC_MATRIX_PRODUCTS3_H
 #define ALIDADE_SRC_MATRIX_PRODUCTS3_H
 
-// Products of order three, written out. Every sum starts at +0.0 and takes its terms in ascending order, as the general
-// kernels do, so that the bits are theirs: without the leading 0.0 a sum of negative zeros would be -0.0.
+// Products of order three, written out. Every sum starts at +0.0 and takes its terms in ascending order, as the
+// products of any order do, so that the bits are theirs: without the leading 0.0 a sum of negative zeros would be -0.0.
 
 #include "matrix/kernels/kernels.h"
 #include "strict_arithmetic.h"

@@ -247,8 +247,8 @@ TEST(Linalg3Properties, ASmallGapBetweenTheSmallAxesCostsItsSquare) {
   }
 }
 
-// The members of order three are the general kernels with dimension three.
-TEST(Linalg3Properties, MembersEqualTheGeneralKernels) {
+// The members of order three are the general products with dimension three.
+TEST(Linalg3Properties, MembersEqualTheGeneralProducts) {
   covariances::Source source(48);
   for (int round = 0; round < kRounds; ++round) {
     double x[3], expected[9];

@@ -1,8 +1,8 @@
 #ifndef ALIDADE_TESTS_REFERENCE_PRODUCTS_H
 #define ALIDADE_TESTS_REFERENCE_PRODUCTS_H
 
-// The product kernels element by element. Dense matrices lie column by column, packed ones as the lower triangle row by
-// row. Arguments as in include/alidade/matrix.h.
+// The products of bare buffers element by element. Dense matrices lie column by column, packed ones as the lower
+// triangle row by row. Arguments as in include/alidade/matrix.h.
 
 namespace reference {
 

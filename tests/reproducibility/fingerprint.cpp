@@ -230,7 +230,7 @@ void direct_lengths_and_lines(BitSource& source, BitHash& hash) {
   hash.add(triangle_area(p, plane_point(source), plane_point(source)));
 }
 
-void direct_kernels(BitSource& source, BitHash& hash) {
+void direct_products(BitSource& source, BitHash& hash) {
   const int n = source.integer(1, 10), m = source.integer(1, 10), k = source.integer(1, 10);
   std::array<double, 100> a{}, b{};
   std::array<double, 100> c{};
@@ -307,7 +307,7 @@ constexpr Group kGroups[] = {{"records", records},
                              {"inversions", inversions},
                              {"quantiles", quantiles},
                              {"direct-lengths-and-lines", direct_lengths_and_lines},
-                             {"direct-kernels", direct_kernels},
+                             {"direct-products", direct_products},
                              {"direct-operators", direct_operators},
                              {"direct-scalars", direct_scalars}};
 

@@ -1,7 +1,7 @@
 #ifndef ALIDADE_TESTS_SUPPORT_PRODUCT_CASES_H
 #define ALIDADE_TESTS_SUPPORT_PRODUCT_CASES_H
 
-// The product kernels against their references, bit for bit. The functions call the public names only and can be run
+// The products against their references, bit for bit. The functions call the public names only and can be run
 // again after another set of kernels has been selected.
 
 #include <alidade/matrix.h>

@@ -123,7 +123,8 @@ inline Product mixed(int a, int b) {
           }};
 }
 
-// The product kernels. Those with a diagonal factor are in a list of their own: no instruction set treats them apart.
+// The products of bare buffers. Those with a diagonal factor are in a list of their own: no instruction set
+// treats them apart.
 inline std::vector<Product> kernels() {
   return {
       {"MatrixProduct",

@@ -277,7 +277,7 @@ TEST(TSMatrix, ExchangesBlocksOfOrderThree) {
   CHECK_BITS(s[20], 21.0);
 }
 
-// The products are those of the kernels with the matrices' own sizes; the code is accepted and not used.
+// The products are those of bare buffers with the matrices' own sizes; the code is accepted and not used.
 TEST(TSMatrix, TimesAColumnUsesTheActiveTriangle) {
   TSMatrix s(4, 0);
   count_up(s);

@@ -11,7 +11,7 @@
 
 namespace golden {
 
-// Elements drawn behind each target of a kernel: they are hashed with it, so that a write beyond its end shows.
+// Elements drawn behind each target: they are hashed with it, so that a write beyond its end shows.
 constexpr std::size_t kGuard = 5;
 
 inline std::size_t area(int rows, int cols) { return static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols); }

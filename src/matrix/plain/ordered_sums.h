@@ -1,7 +1,7 @@
 #ifndef ALIDADE_SRC_MATRIX_PLAIN_ORDERED_SUMS_H
 #define ALIDADE_SRC_MATRIX_PLAIN_ORDERED_SUMS_H
 
-// The loops that the plain kernels are made of. Each adds terms to running sums, and each sum receives its terms in
+// What the plain loops are made of. Each adds terms to running sums, and each sum receives its terms in
 // ascending order of their index, every addition rounded: the bits are those of the element-by-element loop.
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 
 namespace alidade::plain {
 
-// Partial products of three-factor kernels are kept for this many rows at a time, on the stack.
+// Partial products of a product of three are kept for this many rows at a time, on the stack.
 constexpr std::ptrdiff_t kBlock = 64;
 
 template <bool kSubtract>

@@ -30,7 +30,7 @@ struct Guarded {
 
 bool same(const Guarded& a, const Guarded& b) { return std::memcmp(a.all, b.all, sizeof a.all) == 0; }
 
-TEST(BlockKernels, PackedBlocksOfAllShapesOffsetsAndCodes) {
+TEST(BlockFunctions, PackedBlocksOfAllShapesOffsetsAndCodes) {
   for (int n1 = -1; n1 <= 5; ++n1) {
     for (int n2 = -1; n2 <= 5; ++n2) {
       for (int i0 = 0; i0 + n1 <= kOrder && i0 < kOrder; ++i0) {
@@ -51,7 +51,7 @@ TEST(BlockKernels, PackedBlocksOfAllShapesOffsetsAndCodes) {
   }
 }
 
-TEST(BlockKernels, DiagonalBlocksOfAllShapesOffsetsAndCodes) {
+TEST(BlockFunctions, DiagonalBlocksOfAllShapesOffsetsAndCodes) {
   for (int n = -1; n <= 5; ++n) {
     for (int k0 = 0; k0 + n <= kOrder && k0 < kOrder; ++k0) {
       for (int code = 0; code < 256; ++code) {
@@ -66,7 +66,7 @@ TEST(BlockKernels, DiagonalBlocksOfAllShapesOffsetsAndCodes) {
   }
 }
 
-TEST(BlockKernels, DenseBlocksOfAllShapesOffsetsAndCodes) {
+TEST(BlockFunctions, DenseBlocksOfAllShapesOffsetsAndCodes) {
   constexpr int kRows = 6;
   constexpr int kColumns = 7;
   for (int n1 = -1; n1 <= 5; ++n1) {
@@ -89,7 +89,7 @@ TEST(BlockKernels, DenseBlocksOfAllShapesOffsetsAndCodes) {
 }
 
 // Exactly sized heap buffers: a sanitizer sees a read outside, too.
-TEST(BlockKernels, StayInsideExactlySizedBuffers) {
+TEST(BlockFunctions, StayInsideExactlySizedBuffers) {
   for (const char op : {'+', '-', '0', '=', '>', 'x'}) {
     for (int n1 = 1; n1 <= 4; ++n1) {
       for (int n2 = 1; n2 <= 4; ++n2) {
@@ -117,7 +117,7 @@ TEST(BlockKernels, StayInsideExactlySizedBuffers) {
   }
 }
 
-TEST(BlockKernels, CopyOutFillsTheBufferAndLeavesTheMatrix) {
+TEST(BlockFunctions, CopyOutFillsTheBufferAndLeavesTheMatrix) {
   double s[6] = {1, 2, 3, 4, 5, 6};
   double buffer[4] = {};
   SMatrAndBlockOper(s, 0, 1, 2, 2, '>', buffer);  // rows 0 and 1, columns 1 and 2
@@ -128,7 +128,7 @@ TEST(BlockKernels, CopyOutFillsTheBufferAndLeavesTheMatrix) {
 }
 
 // Across the diagonal (a, b) and (b, a) are one element: it is visited twice.
-TEST(BlockKernels, ABlockAcrossTheDiagonalReachesAnElementTwice) {
+TEST(BlockFunctions, ABlockAcrossTheDiagonalReachesAnElementTwice) {
   double s[3] = {10, 20, 30};
   double buffer[4] = {1, 2, 4, 8};
   SMatrAndBlockOper(s, 0, 0, 2, 2, '+', buffer);
@@ -145,7 +145,7 @@ TEST(BlockKernels, ABlockAcrossTheDiagonalReachesAnElementTwice) {
   EXPECT_TRUE(bits::equal_arrays(buffer, full, 4));
 }
 
-TEST(BlockKernels, UnknownCodesChangeNothing) {
+TEST(BlockFunctions, UnknownCodesChangeNothing) {
   for (const char op : {'*', 'x', '|', '\0'}) {
     double s[6] = {1, 2, 3, 4, 5, 6};
     double buffer[9] = {1, 1, 1, 1, 1, 1, 1, 1, 1};
@@ -160,7 +160,7 @@ TEST(BlockKernels, UnknownCodesChangeNothing) {
   }
 }
 
-TEST(BlockKernels, ClearingDoesNotReadTheBuffer) {
+TEST(BlockFunctions, ClearingDoesNotReadTheBuffer) {
   double s[6] = {1, 2, 3, 4, 5, 6};
   SMatrAndBlockOper(s, 2, 0, 1, 2, '0', nullptr);
   const double row[6] = {1, 2, 3, 0.0, 0.0, 6};
