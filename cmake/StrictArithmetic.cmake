@@ -33,7 +33,7 @@ function(alidade_refuse_fast_math)
   endforeach()
   set(math "fast|unsafe|associative|reciprocal|finite")
   foreach(name IN LISTS names)
-    if("${${name}}" MATCHES "(^|[ ;])(-Ofast|-f(${math})-math[a-z-]*|-fno-signed-zeros|-mdaz-ftz)([ ;]|$)")
+    if("${${name}}" MATCHES "(^|[ ;])(-Ofast|-f(${math})-math[a-z-]*|-ffp-model=(fast|aggressive)|-fno-signed-zeros|-mdaz-ftz)([ ;]|$)")
       message(FATAL_ERROR "alidade's results are fixed to the bit: build it without ${CMAKE_MATCH_2} (in ${name}). A "
                           "program that uses it may be compiled with that flag, but not linked with it: "
                           "target_compile_options(your_program PRIVATE ${CMAKE_MATCH_2}).")
