@@ -5,9 +5,10 @@
 #include <cstring>
 
 namespace reference {
+namespace {
 
 template <class T>
-static T least_of(int n, const T* v) {
+T least_of(int n, const T* v) {
   T r = v[1] < v[0] ? v[1] : v[0];
   for (int i = 2; i < n; ++i) {
     if (v[i] < r) {
@@ -18,7 +19,7 @@ static T least_of(int n, const T* v) {
 }
 
 template <class T>
-static T greatest_of(int n, const T* v) {
+T greatest_of(int n, const T* v) {
   T r = v[1] > v[0] ? v[1] : v[0];
   for (int i = 2; i < n; ++i) {
     if (v[i] > r) {
@@ -27,6 +28,38 @@ static T greatest_of(int n, const T* v) {
   }
   return r;
 }
+
+// A product modulo 2^32 in 64 bits, read as a signed number.
+int wrapped_product(int a, int b) {
+  const long long product = static_cast<long long>(a) * b;
+  long long low = product % 4294967296LL;
+  if (low < -2147483648LL) {
+    low += 4294967296LL;
+  }
+  if (low > 2147483647LL) {
+    low -= 4294967296LL;
+  }
+  return static_cast<int>(low);
+}
+
+int exponent_of(double x) {
+  if (x != x || x - x != 0.0 || x == 0.0) {
+    return 0;
+  }
+  int e = 0;
+  double m = std::fabs(x);
+  while (m >= 1.0) {
+    m *= 0.5;
+    ++e;
+  }
+  while (m < 0.5) {
+    m *= 2.0;
+    --e;
+  }
+  return e;
+}
+
+}  // namespace
 
 int least(int n, const int* v) { return least_of(n, v); }
 int greatest(int n, const int* v) { return greatest_of(n, v); }
@@ -46,19 +79,6 @@ double real_power(double x, int n) {
   }
   double (*volatile call)(double, double) = std::pow;
   return call(x, n);
-}
-
-// A product modulo 2^32 in 64 bits, read as a signed number.
-static int wrapped_product(int a, int b) {
-  const long long product = static_cast<long long>(a) * b;
-  long long low = product % 4294967296LL;
-  if (low < -2147483648LL) {
-    low += 4294967296LL;
-  }
-  if (low > 2147483647LL) {
-    low -= 4294967296LL;
-  }
-  return static_cast<int>(low);
 }
 
 int integer_power(int a, int n) {
@@ -125,23 +145,6 @@ int rotate(long long v, int width, int shift, bool negative_rotates) {
     }
   }
   return static_cast<int>(static_cast<unsigned>(bits));
-}
-
-static int exponent_of(double x) {
-  if (x != x || x - x != 0.0 || x == 0.0) {
-    return 0;
-  }
-  int e = 0;
-  double m = std::fabs(x);
-  while (m >= 1.0) {
-    m *= 0.5;
-    ++e;
-  }
-  while (m < 0.5) {
-    m *= 2.0;
-    --e;
-  }
-  return e;
 }
 
 double step_double(double x, double s) {
