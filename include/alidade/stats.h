@@ -68,8 +68,7 @@ ALIDADE_API void CHI_2SDE(int level, int df, float* const out);  // NOLINT(reada
 /// is 1e-9 or more; below 1e-8 for alpha from 0.001, n up to 1000 and f up to 3000. Smaller levels cost digits: for f
 /// up to 3000 the error is below 2e-6 down to a level of 1e-9, 2e-5 to 1e-10, 3e-4 to 1e-11 and 2e-3 to 1e-12 (as
 /// measured). Below that the function is of no use: the confidence rounds to 1, the refinement stops anywhere and may
-/// give NaN. Bits: class B (log, atan, sin,
-/// pow).
+/// give NaN. Bits: class B (log, atan, sin, pow).
 ALIDADE_API double TAU(int n, int f, double alpha);
 
 /// Accuracy class of an RMS figure.
