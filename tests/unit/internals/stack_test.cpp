@@ -1,11 +1,14 @@
-// How much of the stack a call takes: each runs in a thread of 32 KB, and what it has written to is counted.
+// How much of the stack a call takes: each runs in a thread of 32 KB, or of as little as the system allows, and what it
+// has written to is counted.
 
 #if defined(__linux__)
 #include <alidade/matrix.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <sys/mman.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -13,6 +16,7 @@
 #include <limits>
 #include <vector>
 
+#include "reproducibility/fingerprint.h"
 #include "support/kernel_sets.h"
 #include "support/nasty.h"
 #include "support/normal_matrices.h"
@@ -26,7 +30,6 @@ constexpr bool kFramesAreLarger = false;
 namespace {
 
 constexpr std::size_t kPage = 4096;
-constexpr std::size_t kStack = 32 * 1024;
 constexpr std::size_t kMost = 16 * 1024;
 constexpr unsigned char kPaint = 0xa5;
 
@@ -35,37 +38,39 @@ void* run(void* call) {
   return nullptr;
 }
 
-// A stack of 32 KB above a page that nothing may touch.
+// A small stack above a page that nothing may touch.
 class SmallStack {
 public:
   SmallStack()
-      : memory_(static_cast<unsigned char*>(
-            mmap(nullptr, kPage + kStack, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))) {
+      : size_(static_cast<std::size_t>(std::max(32L * 1024, sysconf(_SC_THREAD_STACK_MIN)))),
+        memory_(static_cast<unsigned char*>(
+            mmap(nullptr, kPage + size_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))) {
     mprotect(memory_, kPage, PROT_NONE);
   }
-  ~SmallStack() { munmap(memory_, kPage + kStack); }
+  ~SmallStack() { munmap(memory_, kPage + size_); }
   SmallStack(const SmallStack&) = delete;
   SmallStack& operator=(const SmallStack&) = delete;
 
   // Bytes from the lowest one written to.
   std::size_t used_by(const std::function<void()>& call) {
     unsigned char* stack = memory_ + kPage;
-    std::memset(stack, kPaint, kStack);
+    std::memset(stack, kPaint, size_);
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
-    EXPECT_EQ(pthread_attr_setstack(&attributes, stack, kStack), 0);
+    EXPECT_EQ(pthread_attr_setstack(&attributes, stack, size_), 0);
     pthread_t thread{};
     EXPECT_EQ(pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&call)), 0);
     pthread_join(thread, nullptr);
     pthread_attr_destroy(&attributes);
     std::size_t untouched = 0;
-    while (untouched < kStack && stack[untouched] == kPaint) {
+    while (untouched < size_ && stack[untouched] == kPaint) {
       ++untouched;
     }
-    return kStack - untouched;
+    return size_ - untouched;
   }
 
 private:
+  std::size_t size_;
   unsigned char* memory_;
 };
 
@@ -173,6 +178,35 @@ TEST_F(Stack, ProductsAndOperators) {
       expect_little([&] { MATRopR1_R2_R3t(T, '+', A, R, R2); }, "MATRopR1_R2_R3t", n);
     }
   }
+}
+
+TEST_F(Stack, OtherMatrixFunctions) {
+  for (const int n : {3, 24, 64, 130}) {
+    nasty::Random random(static_cast<std::uint64_t>(n));
+    const auto size = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
+    std::vector<double> a(size), b(size), t(size);
+    for (std::vector<double>* v : {&a, &b}) {
+      for (double& x : *v) {
+        x = random.unit();
+      }
+    }
+    TMatrix A(a.data(), n, n), T(t.data(), n, n);
+    TSMatrix S(b.data(), n), U(t.data(), n);
+    for (const int modes : {0, 1, 2, 10, 11, 12, 20, 21, 22}) {
+      expect_little([&] { SMatrProduct(a.data(), b.data(), t.data(), n, n, modes / 10, modes % 10, n); },
+                    "SMatrProduct", n);
+    }
+    expect_little([&] { MRAtQL(t.data(), '=', a.data(), b.data(), a.data(), n, n); }, "MRAtQL", n);
+    expect_little([&] { S.A_This_At(a.data(), U); }, "A_This_At", n);
+    expect_little([&] { S.MatrProduct(A, '=', T); }, "MatrProduct", n);
+    expect_little([&] { S.BlockOper(0, 0, '+', A); }, "BlockOper", n);
+    expect_little([&] { T.SubMatrix(0, 0, '=', A); }, "SubMatrix", n);
+  }
+}
+
+// Calls of every family over fixed numbers.
+TEST_F(Stack, AllFamilies) {
+  expect_little([] { fingerprints(); }, "all families", 0);
 }
 
 }  // namespace

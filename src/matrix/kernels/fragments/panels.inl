@@ -42,7 +42,8 @@ public:
   Panel operator[](int k) const { return {values_ + k * ld_ * terms_, ld_, terms_}; }
 
 private:
-  static constexpr std::ptrdiff_t kOnStack = 1280;  // 10 KB, so that the largest frame around it stays below 16
+  static constexpr std::ptrdiff_t kOnStack = 1024;  // 8 KB, so that the largest frame around it stays below 16
+  static_assert(kOnStack >= kCount * kBlockLanes, "a term at a time at least");
   std::ptrdiff_t ld_;
   std::ptrdiff_t terms_;
   void* heap_ = nullptr;

@@ -17,7 +17,7 @@
 // The edges. A last vector that is only partly inside the matrix is loaded with lane 0 repeated: the spare lanes repeat
 // a computation that is done anyway, so they read nothing outside and raise no exception of their own, and they are
 // not stored. In a packed target a tile on the diagonal computes lanes beyond it, that is elements of the upper
-// triangle, and drops them.
+// triangle, and drops them: these may raise exceptions that no element of the target raises.
 
 #include <cstddef>
 #include <utility>
@@ -87,11 +87,15 @@ ALIDADE_INLINE void store_lanes(double* p, Vector v, std::ptrdiff_t count) {
   }
 }
 
+// Is a term a sum of two products?
+template <Supply kSupply>
+constexpr bool kIsTwo = kSupply == kTwoRows || kSupply == kTwoRowsSubtracted;
+
 // Runs over the terms. With kEdge the last of the vectors ends early, in a and in the target.
 template <int R, int V, Supply kSupply, bool kEdge>
 ALIDADE_INLINE void add_terms(const Tile& tile, [[maybe_unused]] Mask edge, Sums<R, V>& sums) {
   const double* a = tile.a.start;
-  constexpr bool kTwo = kSupply == kTwoRows || kSupply == kTwoRowsSubtracted;
+  constexpr bool kTwo = kIsTwo<kSupply>;
   const double* a2 = tile.a2.start;
   std::ptrdiff_t a_step = tile.a.step;
   const double* b[R];
@@ -165,8 +169,6 @@ void run_tile(const Tile& tile, const TargetWalk& lines) {
 }
 
 // Largest tile of a supply. A sum of two products keeps the processor busy with fewer sums at a time.
-template <Supply kSupply>
-constexpr bool kIsTwo = kSupply == kTwoRows || kSupply == kTwoRowsSubtracted;
 template <Supply kSupply>
 constexpr int kMostLines = kIsTwo<kSupply> ? (kWidth == 8 ? 4 : 3) : kTileLines;
 template <Supply kSupply>
@@ -270,9 +272,10 @@ ALIDADE_INLINE void run_piece(const Tile& tile, std::ptrdiff_t lines, std::ptrdi
 }
 
 // One group of at most kMostLines lines over all its lanes; `whole` describes it as if it were one tile. `padded`: a
-// may be read up to whole vectors.
+// may be read up to whole vectors. Not inlined, so that its lines aside are
+// on the stack once.
 template <Supply kSupply>
-static void run_lines(const Tile& whole, std::ptrdiff_t lines, bool padded) {
+__attribute__((noinline)) static void run_lines(const Tile& whole, std::ptrdiff_t lines, bool padded) {
   const std::ptrdiff_t reach = smaller(whole.max_lanes, whole.lanes + (lines - 1) * whole.more);
   Tile tile = whole;
   for (std::ptrdiff_t lane = 0; lane < reach;) {
