@@ -51,6 +51,9 @@
 /// into up to 97 KB of the heap, and give it back; where the heap has nothing left they do with smaller blocks on the
 /// stack. They never throw.
 ///
+/// **Exceptions.** A product into a packed target may raise floating-point exceptions that belong to elements above the
+/// diagonal, which are not stored. A host that traps exceptions masks them around such a call. No result changes.
+///
 /// **Bits.** Class A (only + - * / sqrt and comparisons, the same bits on every IEEE 754 machine) unless a comment says
 /// otherwise.
 
@@ -547,7 +550,8 @@ ALIDADE_API void MATRopR1_R2_R3t(TMatrix& T, char op, const TMatrix& R1, const T
 /// Progress: with b the value at entry, t = span (1/3) and u = ((t/n)/n)/n, for every k that is a multiple of 8:
 /// b + (t - (n - k + 1)^3 u) at the start of column k of the factorisation, (b + t) + k^3 u at the start of row k of
 /// the second phase, ((b + t) + t) + k^3 u after row k of the third; plus 0.5, truncated towards zero, at most 99.
-/// Below order 8 it is never written, and the final value is the caller's to set. Each value is stored as a whole
+/// Where rows are done a block at a time, the values of a block are stored one after the other when it is done. Below
+/// order 8 none is ever stored, and the final value is the caller's to set. Each value is stored as a whole
 /// (relaxed, as an atomic int would be): another thread may watch *progress if it reads it atomically, too, as with
 /// `__atomic_load_n` or through `std::atomic_ref`. What it sees orders nothing else.
 ///
@@ -563,9 +567,10 @@ ALIDADE_API void MATRopR1_R2_R3t(TMatrix& T, char op, const TMatrix& R1, const T
 /// Exceptions: an invalid operation and an overflow are raised, and trapped, where the loops that skip zeros raise
 /// them. Underflow and inexact may be raised in addition, and are not trapped, from n = 8 on.
 ///
-/// Takes at most 16 KB of stack. Work memory from the heap above n = 32: 41 KB at most up to n = 64, then 48 KB, 16 KB,
-/// and 99 rows of n elements at most; all of it is had before anything is written. A failure to do so throws what the
-/// platform's new throws and leaves N and *progress as they were. Bits: class A.
+/// Takes at most 16 KB of stack. Work memory from the heap above n = 24: 41 KB at most up to n = 64, then 48 KB, 16 KB,
+/// and 99 rows of n elements at most; on a machine without vectors of doubles two rows above n = 64. All of it is had
+/// before anything is written. A failure to do so throws what the platform's new throws and leaves N and *progress as
+/// they were. Bits: class A.
 ALIDADE_API int RareInversion(TSMatrix& N, int* progress, int span);
 
 /// Completes the inverse of a leading block to the pseudo-inverse of the whole matrix.
@@ -593,8 +598,8 @@ ALIDADE_API int RareInversion(TSMatrix& N, int* progress, int span);
 /// Method: with Q the leading block and G the coupling block, H = Q G, and F = (I; H') gives N = F Q^-1 F', the
 /// full-rank factorisation whose pseudo-inverse is F (F'F)^-1 Q (F'F)^-1 F' (Ben-Israel and Greville, Generalized
 /// Inverses, 2nd ed., 1.6), with (F'F)^-1 = I - H (I + H'H)^-1 H' by Woodbury's formula. The operators of the family
-/// above carry it out. Takes at most 16 KB of stack, and O(m d) elements of the heap; a failed allocation throws what
-/// the platform's new throws and leaves N, its order in use included, as it was. Bits: class A.
+/// above carry it out. Takes at most 16 KB of stack, and O((m + d) d) elements of the heap; a failed allocation throws
+/// what the platform's new throws and leaves N, its order in use included, as it was. Bits: class A.
 ALIDADE_API int PseudoInversion(TSMatrix& N, int d);
 
 // Scalar helpers, after the intrinsic functions of classic scientific libraries. They have no state and report no

@@ -56,7 +56,7 @@ int do_rest(const Rest& rest, double* packed, std::ptrdiff_t n, const InversionW
   return rest.failed;
 }
 
-// Each phase returns false when the plain loops have to go on, or nothing has.
+// Each phase returns false when the plain loops have to go on, or when all is done.
 
 bool factor_in_blocks(const KernelTable& fast, double* packed, std::ptrdiff_t n, Sparsity& sparsity,
                       const InversionTiles& tiles, Rest& rest, const InversionProgress& progress) {

@@ -19,27 +19,30 @@ namespace {
 
 constexpr std::size_t kAlignment = 64;  // of a cache line and of the longest vector
 
-int invert_with(const InversionWork& work, double* packed, std::ptrdiff_t n, const InversionProgress& progress) {
-  const kernels::KernelTable* fast = kernels::active();
-  return fast != nullptr && n >= fast->least_inverted ? invert_in_blocks(*fast, packed, n, work, progress)
-                                                      : plain::invert_normal_matrix(packed, n, work, progress);
+// `fast`: null where the plain loops serve.
+int invert_with(const kernels::KernelTable* fast, const InversionWork& work, double* packed, std::ptrdiff_t n,
+                const InversionProgress& progress) {
+  return fast != nullptr ? invert_in_blocks(*fast, packed, n, work, progress)
+                         : plain::invert_normal_matrix(packed, n, work, progress);
 }
 
 // A small matrix takes its work memory from the stack: an allocation costs as much as a small inversion.
-constexpr int kFew = 32;
-int invert_few(double* packed, int n, const InversionProgress& progress) {
-  alignas(kAlignment) double values[single_block_size(kFew)];
+constexpr int kFew = kernels::kThereAreKernels ? 24 : 64;
+int invert_few(const kernels::KernelTable* fast, double* packed, int n, const InversionProgress& progress) {
+  alignas(kAlignment) double values[kernels::kThereAreKernels ? single_block_size(kFew) : kFew];
   std::ptrdiff_t indices[kFew];
-  return invert_with({values, indices}, packed, n, progress);
+  return invert_with(fast, {values, indices}, packed, n, progress);
 }
 
-int invert_many(double* packed, int n, const InversionProgress& progress) {
+int invert_many(const kernels::KernelTable* fast, double* packed, int n, const InversionProgress& progress) {
   constexpr std::ptrdiff_t kSpare = kAlignment / sizeof(double) - 1;
-  const std::unique_ptr<double[]> values(new double[static_cast<std::size_t>(values_needed(n) + kSpare)]);
-  const std::unique_ptr<std::ptrdiff_t[]> indices(new std::ptrdiff_t[static_cast<std::size_t>(indices_needed(n))]);
-  const std::size_t beyond = reinterpret_cast<std::uintptr_t>(values.get()) % kAlignment;
+  const auto value_count = static_cast<std::size_t>(fast != nullptr ? values_needed(n) + kSpare : n);
+  const auto index_count = static_cast<std::size_t>(fast != nullptr ? indices_needed(n) : n);
+  const std::unique_ptr<double[]> values(new double[value_count]);
+  const std::unique_ptr<std::ptrdiff_t[]> indices(new std::ptrdiff_t[index_count]);
+  const std::size_t beyond = fast != nullptr ? reinterpret_cast<std::uintptr_t>(values.get()) % kAlignment : 0;
   const std::size_t skipped = beyond == 0 ? 0 : (kAlignment - beyond) / sizeof(double);
-  return invert_with({values.get() + skipped, indices.get()}, packed, n, progress);
+  return invert_with(fast, {values.get() + skipped, indices.get()}, packed, n, progress);
 }
 
 }  // namespace
@@ -49,7 +52,9 @@ int invert_normal_matrix(double* packed, int n, int* progress, int span) {
     return 0;
   }
   const InversionProgress report(progress, span, n);
-  return n <= kFew ? invert_few(packed, n, report) : invert_many(packed, n, report);
+  const kernels::KernelTable* active = kernels::active();
+  const kernels::KernelTable* fast = active != nullptr && n >= active->least_inverted ? active : nullptr;
+  return n <= kFew ? invert_few(fast, packed, n, report) : invert_many(fast, packed, n, report);
 }
 
 }  // namespace alidade

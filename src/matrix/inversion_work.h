@@ -13,8 +13,8 @@ namespace alidade {
 // The work memory of an inversion, whichever loops do it. All of it is had before anything is written, so that a failed
 // allocation leaves everything as it was.
 struct InversionWork {
-  double* values;           // at least as many as the order, the first at a multiple of 64 bytes
-  std::ptrdiff_t* indices;  // three times the order, or once up to kSingleBlock
+  double* values;           // values_needed, the first at a multiple of 64 bytes; for the plain loops the order
+  std::ptrdiff_t* indices;  // indices_needed; for the plain loops the order
 };
 
 // Elements of the tile of a single block.

@@ -23,7 +23,8 @@ void set_identity(TSMatrix& m) {
 }
 
 // The work on the leading block q of order m. On success `coupling` (m x d) and `trailing` (order d) hold the two other
-// blocks of the result; on failure, -1, q is unchanged. So it is when memory runs out: q is written to last.
+// blocks of the result; on failure, -1, q is unchanged. So it is when memory runs out: nothing is had after q is first
+// written to.
 int pseudo_invert_blocks(double* q, TMatrix& coupling, TSMatrix& trailing) {
   const int m = coupling.GetN1();
   const int d = coupling.GetN2();

@@ -33,7 +33,7 @@ Entries collect_nonzeros(const double* row, std::ptrdiff_t n, const InversionWor
 }
 
 // Column k of the factor below the pivot. An entry that starts as zero and meets no pair of nonzeros is structurally
-// zero and becomes exactly 0.0: neither a negative zero nor the zero of an infinite reciprocal survives.
+// zero and becomes exactly 0.0: no negative zero survives.
 void finish_factor_column(double* matrix, std::ptrdiff_t n, std::ptrdiff_t k, double reciprocal,
                           const Entries& row_entries) {
   for (std::ptrdiff_t i = k + 1; i < n; ++i) {

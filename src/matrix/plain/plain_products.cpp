@@ -96,6 +96,9 @@ void add_scaled_column(double* y, const Operand& a, std::ptrdiff_t l, double f, 
 template <bool kSubtract>
 void add_line(double* y, const Operand& a, std::ptrdiff_t first, const Operand& b, std::ptrdiff_t k, std::ptrdiff_t n,
               std::ptrdiff_t terms) {
+  if (terms < 1) {
+    return;  // the operands may be null
+  }
   if (a.layout == Operand::kDense) {
     add_dense_line<kSubtract>(y, a, first, b, k, n, terms);
   } else if (a.layout == Operand::kTransposed) {
