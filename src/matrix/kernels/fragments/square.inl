@@ -39,13 +39,13 @@ static void store_rows(const double* tile, std::ptrdiff_t stride, double* packed
 }
 
 // The diagonal block of rows [first, first + order) in columns: element (i, k) at k * ld + i, zeros above the diagonal
-// and below the last row as far as strips reach.
+// and beyond the last row and column as far as strips reach.
 static void load_square(double* square, std::ptrdiff_t ld, const double* packed, std::ptrdiff_t first,
                         std::ptrdiff_t order) {
   const std::ptrdiff_t padded = (order + kStrip - 1) / kStrip * kStrip;
   for (std::ptrdiff_t i = 0; i < padded; i += kWidth) {
     const double* p = packed + packed_row(first + i) + first;
-    for (std::ptrdiff_t k = 0; k < (i / kStrip + 1) * kStrip; k += kWidth) {
+    for (std::ptrdiff_t k = 0; k < padded; k += kWidth) {
       Vector block[kWidth];
       ALIDADE_UNROLL
       for (int r = 0; r < kWidth; ++r) {
