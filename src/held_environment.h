@@ -13,8 +13,8 @@
 namespace alidade {
 
 // For its life floating-point traps are masked and the exception flags start clear; afterwards flags, masks, rounding
-// and flush-to-zero are as they were. Arithmetic in between must go through volatile objects, for the compiler knows
-// nothing of the environment and would move it.
+// and flush-to-zero are as they were. Arithmetic in between must go through volatile objects or stand behind a call
+// that the compiler does not see into, for it knows nothing of the environment and would move it.
 #if defined(ALIDADE_CALCULATES_IN_SSE)
 
 // The control and status word of the unit that calculates is all that matters: flags in bits 0-5, their masks in bits
@@ -63,10 +63,10 @@ public:
     std::feholdexcept(&saved_);
   }
   ~HeldEnvironment() {
+    std::fexcept_t kept;
+    std::fegetexceptflag(&kept, kept_);
     std::fesetenv(&saved_);
-    if (kept_ != 0) {
-      std::feraiseexcept(kept_);
-    }
+    std::fesetexceptflag(&kept, kept_);
   }
   HeldEnvironment(const HeldEnvironment&) = delete;
   HeldEnvironment& operator=(const HeldEnvironment&) = delete;

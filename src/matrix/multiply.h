@@ -39,10 +39,10 @@ inline const ProductLoops& loops_for(const Target& target, const Extent& extent,
   struct Least {
     int lines, terms, products;
   };
-  constexpr Least kOfTwo[] = {{2, 5, 100}, {6, 5, 1400}, {6, 5, 1500}, {6, 6, 3000},
-                              {1, 5, 200}, {2, 5, 2000}, {4, 3, 120}};
-  constexpr Least kOfMore[] = {{2, 3, 30},  {2, 3, 350}, {3, 5, 700}, {3, 6, 450},
-                               {1, 3, 125}, {2, 3, 330}, {3, 3, 100}};
+  static constexpr Least kOfTwo[] = {{2, 5, 100}, {6, 5, 1400}, {6, 5, 1500}, {6, 6, 3000},
+                                     {1, 5, 200}, {2, 5, 2000}, {4, 3, 120}};
+  static constexpr Least kOfMore[] = {{2, 3, 30},  {2, 3, 350}, {3, 5, 700}, {3, 6, 450},
+                                      {1, 3, 125}, {2, 3, 330}, {3, 3, 100}};
   const kernels::KernelTable* fast = kernels::active();
   if (fast == nullptr) {
     return plain::product_loops;
@@ -63,8 +63,8 @@ inline Work work_of(const Target& target, const Extent& extent) {
 
 // With a product on the way of which each element is a sum of `inner` terms and meets `others` elements of a third
 // operand.
-inline Work work_of(const Target& target, std::int64_t elements, std::ptrdiff_t inner, std::ptrdiff_t others,
-                    std::ptrdiff_t terms) {
+inline Work work_with_inner(const Target& target, std::int64_t elements, std::ptrdiff_t inner, std::ptrdiff_t others,
+                            std::ptrdiff_t terms) {
   return {elements, inner + (target.triangle ? others / 2 : others), inner < terms ? inner : terms};
 }
 
@@ -88,17 +88,19 @@ inline void multiply(const Target& target, const Operand& a, const Operand& b, c
 // target (+)= (x y) b, the product in brackets a sum of `inner` terms and rounded by itself
 inline void multiply_on_left(const Target& target, const Operand& x, const Operand& y, std::ptrdiff_t inner,
                              const Operand& b, const Extent& extent, Mode mode) {
-  const Work work = work_of(target, std::int64_t{extent.lanes} * extent.terms, inner, extent.lines, extent.terms);
   const bool is_vector = x.layout == Operand::kTransposed;
-  loops_for(target, extent, is_vector ? work_of(target, extent) : work,
-            is_vector ? Preparation::kOneLine : Preparation::kInner)
+  const Work work =
+      is_vector ? work_of(target, extent)
+                : work_with_inner(target, std::int64_t{extent.lanes} * extent.terms, inner, extent.lines, extent.terms);
+  loops_for(target, extent, work, is_vector ? Preparation::kOneLine : Preparation::kInner)
       .product_on_left(target, x, y, inner, b, extent, mode);
 }
 
 // target (+)= a (y z)
 inline void multiply_on_right(const Target& target, const Operand& a, const Operand& y, std::ptrdiff_t inner,
                               const Operand& z, const Extent& extent, Mode mode) {
-  const Work work = work_of(target, std::int64_t{extent.lines} * extent.terms, inner, extent.lanes, extent.terms);
+  const Work work =
+      work_with_inner(target, std::int64_t{extent.lines} * extent.terms, inner, extent.lanes, extent.terms);
   loops_for(target, extent, work, Preparation::kInner).product_on_right(target, a, y, inner, z, extent, mode);
 }
 

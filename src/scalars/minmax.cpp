@@ -1,7 +1,6 @@
 #include <alidade/matrix.h>
 
 #include <cstdarg>
-#include <functional>
 
 #include "strict_arithmetic.h"
 
@@ -9,6 +8,10 @@
 // result gives way only to a value that compares beyond it, so it stays on ties and against a NaN.
 
 namespace {
+
+// Not those of the standard library, of which a host compiled with other flags may bring its own copies.
+constexpr auto less = [](auto x, auto y) { return x < y; };
+constexpr auto greater = [](auto x, auto y) { return x > y; };
 
 // `values` holds the arguments from the second one on; the caller ends it.
 template <class Value, class Beyond>
@@ -29,7 +32,7 @@ Value extreme(int n, Value first, std::va_list values, Beyond beyond) {
 int min1(int n, int a1, ...) {
   std::va_list values;
   va_start(values, a1);
-  const int least = extreme(n, a1, values, std::less<>());
+  const int least = extreme(n, a1, values, less);
   va_end(values);
   return least;
 }
@@ -37,7 +40,7 @@ int min1(int n, int a1, ...) {
 int max1(int n, int a1, ...) {
   std::va_list values;
   va_start(values, a1);
-  const int greatest = extreme(n, a1, values, std::greater<>());
+  const int greatest = extreme(n, a1, values, greater);
   va_end(values);
   return greatest;
 }
@@ -45,7 +48,7 @@ int max1(int n, int a1, ...) {
 double amin1(int n, double a1, ...) {
   std::va_list values;
   va_start(values, a1);
-  const double least = extreme(n, a1, values, std::less<>());
+  const double least = extreme(n, a1, values, less);
   va_end(values);
   return least;
 }
@@ -53,7 +56,7 @@ double amin1(int n, double a1, ...) {
 double amax1(int n, double a1, ...) {
   std::va_list values;
   va_start(values, a1);
-  const double greatest = extreme(n, a1, values, std::greater<>());
+  const double greatest = extreme(n, a1, values, greater);
   va_end(values);
   return greatest;
 }

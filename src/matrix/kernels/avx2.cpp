@@ -4,6 +4,10 @@
 
 #include <cstddef>
 
+#define ALIDADE_ISA avx2
+#define ALIDADE_OWN_VECTORS
+#include "matrix/kernels/fragments/vector.inl"
+
 namespace alidade::kernels::avx2 {
 
 using Vector = __m256d;
@@ -11,23 +15,23 @@ constexpr int kWidth = 4;
 constexpr int kTileLines = 6;    // lines of the target held in registers,
 constexpr int kTileVectors = 2;  // by vectors of lanes
 
-inline Vector zero() { return _mm256_setzero_pd(); }
-inline Vector broadcast(const double* p) { return _mm256_broadcast_sd(p); }
-inline Vector load(const double* p) { return _mm256_loadu_pd(p); }
-inline void store(double* p, Vector v) { _mm256_storeu_pd(p, v); }
+ALIDADE_INLINE Vector zero() { return _mm256_setzero_pd(); }
+ALIDADE_INLINE Vector broadcast(const double* p) { return _mm256_broadcast_sd(p); }
+ALIDADE_INLINE Vector load(const double* p) { return _mm256_loadu_pd(p); }
+ALIDADE_INLINE void store(double* p, Vector v) { _mm256_storeu_pd(p, v); }
 
 // The first `count` lanes, 0 < count < kWidth; on loading lane 0 fills the others.
 struct Mask {
-  explicit Mask(std::ptrdiff_t count)
+  ALIDADE_INLINE explicit Mask(std::ptrdiff_t count)
       : lanes(_mm256_cmpgt_epi64(_mm256_set1_epi64x(count), _mm256_setr_epi64x(0, 1, 2, 3))) {}
   __m256i lanes;
 };
-inline Vector load_first(const double* p, Mask m) {
+ALIDADE_INLINE Vector load_first(const double* p, Mask m) {
   return _mm256_blendv_pd(broadcast(p), _mm256_maskload_pd(p, m.lanes), _mm256_castsi256_pd(m.lanes));
 }
-inline void store_first(double* p, Vector v, Mask m) { _mm256_maskstore_pd(p, m.lanes, v); }
+ALIDADE_INLINE void store_first(double* p, Vector v, Mask m) { _mm256_maskstore_pd(p, m.lanes, v); }
 
-inline void transpose(Vector (&v)[kWidth]) {
+ALIDADE_INLINE void transpose(Vector (&v)[kWidth]) {
   const Vector a = _mm256_unpacklo_pd(v[0], v[1]);
   const Vector b = _mm256_unpackhi_pd(v[0], v[1]);
   const Vector c = _mm256_unpacklo_pd(v[2], v[3]);
@@ -40,6 +44,4 @@ inline void transpose(Vector (&v)[kWidth]) {
 
 }  // namespace alidade::kernels::avx2
 
-#define ALIDADE_ISA avx2
-#define ALIDADE_OWN_VECTORS
 #include "matrix/kernels/fragments/table.inl"

@@ -4,6 +4,10 @@
 
 #include <cstddef>
 
+#define ALIDADE_ISA avx512
+#define ALIDADE_OWN_VECTORS
+#include "matrix/kernels/fragments/vector.inl"
+
 namespace alidade::kernels::avx512 {
 
 using Vector = __m512d;
@@ -11,21 +15,21 @@ constexpr int kWidth = 8;
 constexpr int kTileLines = 8;    // lines of the target held in registers,
 constexpr int kTileVectors = 3;  // by vectors of lanes
 
-inline Vector zero() { return _mm512_setzero_pd(); }
-inline Vector broadcast(const double* p) { return _mm512_set1_pd(*p); }
-inline Vector load(const double* p) { return _mm512_loadu_pd(p); }
-inline void store(double* p, Vector v) { _mm512_storeu_pd(p, v); }
+ALIDADE_INLINE Vector zero() { return _mm512_setzero_pd(); }
+ALIDADE_INLINE Vector broadcast(const double* p) { return _mm512_set1_pd(*p); }
+ALIDADE_INLINE Vector load(const double* p) { return _mm512_loadu_pd(p); }
+ALIDADE_INLINE void store(double* p, Vector v) { _mm512_storeu_pd(p, v); }
 
 // The first `count` lanes, 0 < count < kWidth; on loading lane 0 fills the others.
 struct Mask {
-  explicit Mask(std::ptrdiff_t count) : lanes(static_cast<__mmask8>((1U << count) - 1U)) {}
+  ALIDADE_INLINE explicit Mask(std::ptrdiff_t count) : lanes(static_cast<__mmask8>((1U << count) - 1U)) {}
   __mmask8 lanes;
 };
-inline Vector load_first(const double* p, Mask m) { return _mm512_mask_loadu_pd(broadcast(p), m.lanes, p); }
-inline void store_first(double* p, Vector v, Mask m) { _mm512_mask_storeu_pd(p, m.lanes, v); }
+ALIDADE_INLINE Vector load_first(const double* p, Mask m) { return _mm512_mask_loadu_pd(broadcast(p), m.lanes, p); }
+ALIDADE_INLINE void store_first(double* p, Vector v, Mask m) { _mm512_mask_storeu_pd(p, m.lanes, v); }
 
 // Three rounds of exchanges: neighbours, pairs within 256 bits, halves.
-inline void transpose(Vector (&v)[kWidth]) {
+ALIDADE_INLINE void transpose(Vector (&v)[kWidth]) {
   Vector a[8];
   for (int i = 0; i < 8; i += 2) {
     a[i] = _mm512_unpacklo_pd(v[i], v[i + 1]);
@@ -46,6 +50,4 @@ inline void transpose(Vector (&v)[kWidth]) {
 
 }  // namespace alidade::kernels::avx512
 
-#define ALIDADE_ISA avx512
-#define ALIDADE_OWN_VECTORS
 #include "matrix/kernels/fragments/table.inl"

@@ -50,7 +50,6 @@ struct SmallResult {
 
 // The kernels of one instruction set.
 struct KernelTable {
-  const char* name;
   std::ptrdiff_t width;  // doubles in a vector
   ProductLoops products;
   // Order of a matrix from which on its inversion gains on the plain loops.

@@ -35,12 +35,17 @@ const KernelTable* table_of(InstructionSet set) {
 #endif
 }
 
+void choose(const KernelTable* table) { __atomic_store_n(&chosen, table, __ATOMIC_RELAXED); }
+
 // The last in the list that is available: they stand in ascending order of speed.
 struct ChooseAtLoad {
   ChooseAtLoad() {
+    const KernelTable* best = nullptr;
     for (InstructionSet set : kInstructionSets) {
-      select(set);
+      const KernelTable* table = table_of(set);
+      best = table != nullptr ? table : best;
     }
+    choose(best);
   }
 };
 const ChooseAtLoad choose_at_load;
@@ -53,7 +58,7 @@ bool select(InstructionSet set) {
   if (!available(set)) {
     return false;
   }
-  chosen = table_of(set);
+  choose(table_of(set));
   return true;
 }
 

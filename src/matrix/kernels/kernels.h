@@ -22,8 +22,10 @@ constexpr InstructionSet kInstructionSets[] = {InstructionSet::kPlain, Instructi
 __attribute__((visibility("hidden")))  // so that it is read without a detour through a table
 #endif
 extern const KernelTable* chosen;
-inline const KernelTable* active() { return chosen; }
+constexpr bool kThereAreKernels = true;
+inline const KernelTable* active() { return __atomic_load_n(&chosen, __ATOMIC_RELAXED); }
 #else
+constexpr bool kThereAreKernels = false;
 constexpr const KernelTable* active() { return nullptr; }
 #endif
 

@@ -14,22 +14,13 @@
 #include "matrix/kernels/fragments/order3_pairs.inl"
 #endif
 
-#define ALIDADE_QUOTE(name) #name
-#define ALIDADE_NAME_OF(name) ALIDADE_QUOTE(name)
-
 namespace alidade::kernels::ALIDADE_ISA {
 
-const KernelTable table = {ALIDADE_NAME_OF(ALIDADE_ISA),
-                           kWidth,
-                           {product, product_on_left, product_on_right, symmetrized_product},
-                           kLeastInverted,
-                           invert_small,
-                           survey,
-                           factor_columns,
-                           invert_rows,
-                           starts_from_negative_zero,
-                           multiply_rows,
-                           product3,
+const KernelTable table = {kWidth,         {product, product_on_left, product_on_right, symmetrized_product},
+                           kLeastInverted, invert_small,
+                           survey,         factor_columns,
+                           invert_rows,    starts_from_negative_zero,
+                           multiply_rows,  product3,
                            congruence3};
 
 }  // namespace alidade::kernels::ALIDADE_ISA
