@@ -17,9 +17,9 @@ function(alidade_strict_arithmetic target)
   endif()
 endfunction()
 
-# alidade_refuse_fast_math(): stops where the flags of the user, or of the project around us, give up the bits. The options
-# above undo -ffast-math for the compiler only, and at the link it adds start-up code that sets flush-to-zero for every
-# program that loads the library; the other flags are not undone at all.
+# alidade_refuse_fast_math(): stops where the flags of the user, or of the project around us, give up the bits. The
+# options above undo -ffast-math for the compiler only, and at the link it adds start-up code that sets flush-to-zero
+# for every program that loads the library; the other flags are not undone at all.
 function(alidade_refuse_fast_math)
   get_directory_property(compile_options COMPILE_OPTIONS)
   get_directory_property(link_options LINK_OPTIONS)
@@ -31,9 +31,9 @@ function(alidade_refuse_fast_math)
       list(APPEND names ${name}_${type})
     endforeach()
   endforeach()
-  set(math "fast|unsafe|associative|reciprocal|finite")
+  set(math "-f(fast|unsafe|associative|reciprocal|finite)-math[a-z-]*|-ffp-model=(fast|aggressive)")
   foreach(name IN LISTS names)
-    if("${${name}}" MATCHES "(^|[ ;])(-Ofast|-f(${math})-math[a-z-]*|-ffp-model=(fast|aggressive)|-fno-signed-zeros|-mdaz-ftz)([ ;]|$)")
+    if("${${name}}" MATCHES "(^|[ ;])(-Ofast|${math}|-fno-signed-zeros|-mdaz-ftz)([ ;]|$)")
       message(FATAL_ERROR "alidade's results are fixed to the bit: build it without ${CMAKE_MATCH_2} (in ${name}). A "
                           "program that uses it may be compiled with that flag, but not linked with it: "
                           "target_compile_options(your_program PRIVATE ${CMAKE_MATCH_2}).")

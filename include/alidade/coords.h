@@ -252,8 +252,8 @@ ALIDADE_API double RR(const double& a, const double& b, const double& c);
 /// @param x, y, z      geocentric position, metres
 ///
 /// Special points, to geodetic:
-/// - (1) An *x of exactly 0 (of either sign) is **changed to 0.0001** in the caller's variable, so that the longitude is
-///   defined on the polar axis: 90 degrees for y > 0, 270 for y < 0 (as nearly as that x allows), 0 for y = 0.
+/// - (1) An *x of exactly 0 (of either sign) is **changed to 0.0001** in the caller's variable, so that the longitude
+///   is defined on the polar axis: 90 degrees for y > 0, 270 for y < 0 (as nearly as that x allows), 0 for y = 0.
 /// - (2) At (0, 0, 0) latitude and height are NaN.
 /// - (3) The function always ends, also for NaN and infinite inputs.
 ///
@@ -302,10 +302,10 @@ ALIDADE_API TAbstractPoint3<double> neu_to_polar(const TAbstractPoint3<double>& 
 ///
 /// - (1) The sign of a negative angle stands on the first part that is not 0 (degrees, else minutes, else seconds); the
 ///   others are not negative: -0.5 gives (0, -30, 0), -12.5 gives (-12, 30, 0).
-/// - (2) 0.0001 minute is added before the minutes are cut, so that 29.9999999 minutes show as 30. There is no carry, and
-///   that is deliberate: within 0.006 seconds below a whole minute m is that minute and s the small positive distance
-///   **below** it, so that the parts no longer add up to the angle by up to 0.012 seconds; within the same distance
-///   below a whole degree m is 60 and d stays: 10.999999 gives (10, 60, 0.0036).
+/// - (2) 0.0001 minute is added before the minutes are cut, so that 29.9999999 minutes show as 30. There is no carry,
+///   and that is deliberate: within 0.006 seconds below a whole minute m is that minute and s the small positive
+///   distance **below** it, so that the parts no longer add up to the angle by up to 0.012 seconds; within the same
+///   distance below a whole degree m is 60 and d stays: 10.999999 gives (10, 60, 0.0036).
 /// - (3) Degrees outside the range of int, and NaN, give the smallest int in d on every platform (and then in m).
 ///
 /// Bits: class A.

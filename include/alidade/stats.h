@@ -51,8 +51,8 @@ ALIDADE_API void CHI_2SDE(int level, int df, float* const out);  // NOLINT(reada
 ///         sqrt(f) up to rounding. sqrt(f) for alpha <= 0, 0 for alpha > 1
 ///
 /// - (1) For alpha = 1, where 0 is exact, the result is within 1e-20 of it on either side: TAU(10, 5, 1.0) is -2.5e-22.
-/// - (2) With alpha > 0 an f below 2, zero and negative ones too, gives what f = 2 gives, up to sqrt(2); with alpha <= 0
-///   the square root of a negative f is a NaN.
+/// - (2) With alpha > 0 an f below 2, zero and negative ones too, gives what f = 2 gives, up to sqrt(2); with
+///   alpha <= 0 the square root of a negative f is a NaN.
 /// - (3) n below 1 is not guarded: NaN, or a number without meaning.
 ///
 /// To apply Bonferroni's alpha/n pass n = 1 and alpha/n. Time grows with f, up to 50 sums of f/2 terms.
