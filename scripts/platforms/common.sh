@@ -40,12 +40,15 @@ tests_of() {
     END {print passed + 0 " of " all - skipped (skipped ? ", " skipped " skipped" : "")}'
 }
 
-# golden_of LOG: "N of M" equal cases out of the output of alidade-verify
-golden_of() { tr -d '\r' <"$1" | awk '$1 == "all" && NF == 5 {r = $3 " of " $2} END {print r == "" ? "-" : r}'; }
+# golden_lines LOG: the output of alidade-verify with the golden files, out of its own log or that of ctest
+golden_lines() { tr -d '\r' <"$1" | awk '/^[0-9]+\/[0-9]+ Testing: / {other = $3 != "alidade_verify"} !other'; }
+
+# golden_of LOG: "N of M" equal cases
+golden_of() { golden_lines "$1" | awk '$1 == "all" && NF == 5 {r = $3 " of " $2} END {print r == "" ? "-" : r}'; }
 
 # libm_of LOG: the number of differences attributed to the math library, and the functions it answers differently
 libm_of() {
-  tr -d '\r' <"$1" | awk '
+  golden_lines "$1" | awk '
     $1 == "all" && NF == 5 {r = $5}
     /^math library: .* answered differently: / {
       sub(/.*answered differently: /, "")
@@ -72,6 +75,13 @@ configure() {
   build=$1
   shift
   cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@"
+}
+
+# make_fresh_cases: a fresh round of cases in build/platforms/fresh, made natively by the literal versions
+make_fresh_cases() {
+  configure "$platforms/native" -DALIDADE_BUILD_EXAMPLES=OFF >/dev/null
+  cmake --build "$build" --target alidade-golden
+  "$build/tests/golden/generate/alidade-golden" --rounds 1 1 "$platforms/fresh"
 }
 
 # try_package BUILD [CMAKE ARGUMENTS]: installs a finished build; a consumer must find the package and run, and the installed
@@ -131,9 +141,11 @@ cross() {
   setup
   platform=$1 toolchain=$2
   shift 2
+  make_fresh_cases
   echo "== $platform"
   set -- -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/$toolchain.cmake" \
-    -DALIDADE_GTEST_SOURCE_DIR=/usr/src/googletest -DALIDADE_TEST_TIMEOUT=3000 -DALIDADE_BUILD_EXAMPLES=OFF "$@"
+    -DALIDADE_GTEST_SOURCE_DIR=/usr/src/googletest -DALIDADE_TEST_TIMEOUT=3000 -DALIDADE_BUILD_EXAMPLES=OFF \
+    -DALIDADE_FRESH_CASES="$platforms/fresh" "$@"
   configure "$platforms/$toolchain" -DCMAKE_CXX_FLAGS_RELEASE=-O2 "$@"
   cmake --build "$build"
   test_build "$platform" -O2 "$build"

@@ -16,7 +16,8 @@ golden::Tokens Requests::numbers(const std::string& kind, int n) {
 }
 
 void Requests::add_numbers(char bit_class, const std::string& function, int n, int count) {
-  for (int i = 0; i < count; ++i) {
+  constexpr int kFreshFactor = 4;
+  for (int i = 0; i < (fresh_ ? kFreshFactor * count : count); ++i) {
     add(bit_class, function, numbers(kind(), n));
   }
 }

@@ -20,13 +20,14 @@ struct Request {
 // golden files are those of round 0; other rounds draw other numbers in the same way.
 class Requests {
 public:
-  Requests(std::uint64_t group, std::uint64_t round) : bits_(group + 1000 * round) {}
+  Requests(std::uint64_t group, std::uint64_t round) : bits_(group + 1000 * round), fresh_(round != 0) {}
 
   void add(char bit_class, const std::string& function, const golden::Tokens& arguments) {
     list_.push_back({bit_class, function, arguments});
   }
 
-  // `count` requests whose arguments are n numbers: three in eight short, the others of every kind in turn.
+  // `count` requests whose arguments are n numbers: three in eight short, the others of every kind in turn; several
+  // times as many in a round other than that of the golden files.
   void add_numbers(char bit_class, const std::string& function, int n, int count);
 
   // n numbers of one kind, to be drawn again from the seed that is written.
@@ -36,6 +37,7 @@ public:
   std::string kind();
 
   double number(const std::string& kind) { return golden::random_double(bits_, kind); }
+  std::uint64_t word() { return bits_.next(); }
   int below(int n) { return bits_.below(n); }
   int any_integer() { return static_cast<int>(static_cast<std::uint32_t>(bits_.next() >> 32)); }
   int between(int lowest, int highest) { return lowest + bits_.below(highest - lowest + 1); }
@@ -49,6 +51,7 @@ public:
 
 private:
   golden::RandomBits bits_;
+  bool fresh_;
   int turn_ = 0;
   std::vector<Request> list_;
 };

@@ -24,7 +24,7 @@ Tokens numbers(PlaneInputs::Line l) { return Tokens().number(l.a).number(l.b).nu
 }  // namespace
 
 void add_awkward_conversions(Requests& r, std::uint64_t round) {
-  inputs::Source source(round);
+  inputs::Source source(r.word());
   for (int i = 0; i < cases_of(round); ++i) {
     const inputs::Vector wild = {source.nasty(), source.nasty(), source.nasty()};
     const inputs::Vector near = {source.uniform(-1.6, 1.6), source.uniform(0.0, 6.3),
@@ -44,7 +44,7 @@ void add_awkward_conversions(Requests& r, std::uint64_t round) {
 }
 
 void add_awkward_local_frames(Requests& r, std::uint64_t round) {
-  inputs::Source source(round);
+  inputs::Source source(r.word());
   for (int i = 0; i < cases_of(round); ++i) {
     const inputs::Vector station = source.position();
     inputs::Vector other = source.position();
@@ -61,16 +61,17 @@ void add_awkward_local_frames(Requests& r, std::uint64_t round) {
 }
 
 void add_awkward_angles(Requests& r, std::uint64_t round) {
-  inputs::Source source(round);
+  inputs::Source source(r.word());
   for (int i = 0; i < cases_of(round); ++i) {
     r.add('A', "deg_to_dms", Tokens().number(source.nasty()));
     r.add('A', "deg_to_dms", Tokens().number(source.below(21600) / 60.0 + source.signed_magnitude(-12.0, -5.0)));
     r.add('A', "deg_to_dms", Tokens().number((source.below(1296000) - 648000) / 3600.0));
+    r.add('A', "dms_to_deg", Tokens().integer(r.any_integer()).integer(source.below(64) - 2).number(source.nasty()));
   }
 }
 
 void add_awkward_points(Requests& r, std::uint64_t round) {
-  PlaneInputs inputs(round);
+  PlaneInputs inputs(r.word());
   for (int i = 0; i < cases_of(round); ++i) {
     const double end = inputs.below(2) == 0 ? 2147483648.0 : -2147483649.0;
     r.add('A', "CPoint(Point2)",
@@ -82,7 +83,7 @@ void add_awkward_points(Requests& r, std::uint64_t round) {
 }
 
 void add_awkward_lines(Requests& r, std::uint64_t round) {
-  PlaneInputs inputs(round);
+  PlaneInputs inputs(r.word());
   for (int i = 0; i < cases_of(round); ++i) {
     const PlaneInputs::Point p = inputs.point();
     r.add('A', "FindLineCoeffs", numbers(p).append(numbers(inputs.companion(p))));
@@ -94,7 +95,7 @@ void add_awkward_lines(Requests& r, std::uint64_t round) {
 }
 
 void add_awkward_arcs(Requests& r, std::uint64_t round) {
-  PlaneInputs inputs(round);
+  PlaneInputs inputs(r.word());
   for (int i = 0; i < cases_of(round); ++i) {
     const PlaneInputs::Point a = inputs.point();
     const PlaneInputs::Point b = inputs.companion(a);
@@ -110,7 +111,7 @@ void add_awkward_arcs(Requests& r, std::uint64_t round) {
 }
 
 void add_awkward_covariances(Requests& r, std::uint64_t round) {
-  covariances::Source source(round);
+  covariances::Source source(r.word());
   for (int i = 0; i < cases_of(round); ++i) {
     double v[6];
     source.covariance(v);
@@ -122,7 +123,7 @@ void add_awkward_covariances(Requests& r, std::uint64_t round) {
 }
 
 void add_awkward_scalars(Requests& r, std::uint64_t round) {
-  PlaneInputs inputs(round);
+  PlaneInputs inputs(r.word());
   for (int i = 0; i < cases_of(round); ++i) {
     const auto pattern = static_cast<std::uint32_t>(inputs.word());
     float x = 0;
@@ -135,8 +136,18 @@ void add_awkward_scalars(Requests& r, std::uint64_t round) {
   }
 }
 
+void add_awkward_levels(Requests& r, std::uint64_t round) {
+  const int kLevels[] = {68, 95, 99};
+  for (int i = 0; i < cases_of(round); ++i) {
+    const int level = i % 4 == 0 ? r.any_integer() : kLevels[r.below(3)];
+    const int df = i % 3 == 0 ? r.any_integer() : r.between(-20, 2980);
+    r.add('A', "CHI_1SDE", Tokens().integer(level).integer(df));
+    r.add('A', "CHI_2SDE", Tokens().integer(level).integer(df));
+  }
+}
+
 void add_awkward_quantiles(Requests& r, std::uint64_t round) {
-  inputs::Source source(round);
+  inputs::Source source(r.word());
   for (int i = 0; i < cases_of(round); ++i) {
     const double levels[] = {source.uniform(0.0, 1.01), source.magnitude(-20.0, 0.0), source.nasty()};
     r.add('B', "TAU",

@@ -16,6 +16,7 @@ void add_awkward_lines(Requests& r, std::uint64_t round);
 void add_awkward_arcs(Requests& r, std::uint64_t round);
 void add_awkward_covariances(Requests& r, std::uint64_t round);
 void add_awkward_scalars(Requests& r, std::uint64_t round);
+void add_awkward_levels(Requests& r, std::uint64_t round);
 void add_awkward_quantiles(Requests& r, std::uint64_t round);
 
 }  // namespace generate

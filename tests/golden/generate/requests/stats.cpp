@@ -25,6 +25,7 @@ Requests chi_square_requests(std::uint64_t round) {
     r.add('A', "CHI_1SDE", Tokens().integer(level).integer(df));
     r.add('A', "CHI_2SDE", Tokens().integer(level).integer(df));
   }
+  add_awkward_levels(r, round);
   return r;
 }
 
