@@ -20,7 +20,9 @@ enum class Preparation {
   kTransposes,  // blocks are transposed
   kTwoCopies,   // two operands are copied, for a sum of two products
   kOneLine,     // a single line
-  kInner,       // a product on the way is kept
+  kInnerLeft,   // a product on the way is kept
+  kInnerRight,  // and transposed
+  kInnerFew,    // the same for a target of few lines
   kMirrors      // a packed operand supplies the lanes: the plain loops have to jump about in it
 };
 
@@ -39,10 +41,10 @@ inline const ProductLoops& loops_for(const Target& target, const Extent& extent,
   struct Least {
     int lines, terms, products;
   };
-  static constexpr Least kOfTwo[] = {{2, 5, 100}, {6, 5, 1400}, {6, 5, 1500}, {6, 6, 3000},
-                                     {1, 5, 200}, {2, 5, 2000}, {4, 3, 120}};
-  static constexpr Least kOfMore[] = {{2, 3, 30},  {2, 3, 350}, {3, 5, 700}, {3, 6, 450},
-                                      {1, 3, 125}, {2, 3, 330}, {3, 3, 100}};
+  static constexpr Least kOfTwo[] = {{2, 5, 100},  {6, 5, 1400}, {6, 5, 1500}, {6, 6, 3000}, {1, 5, 200},
+                                     {2, 5, 2000}, {4, 5, 2000}, {1, 5, 6000}, {4, 3, 120}};
+  static constexpr Least kOfMore[] = {{2, 3, 30},  {2, 3, 350}, {3, 5, 700},  {3, 6, 450}, {1, 3, 125},
+                                      {2, 3, 400}, {4, 3, 330}, {1, 5, 6000}, {3, 3, 100}};
   const kernels::KernelTable* fast = kernels::active();
   if (fast == nullptr) {
     return plain::product_loops;
@@ -92,7 +94,7 @@ inline void multiply_on_left(const Target& target, const Operand& x, const Opera
   const Work work =
       is_vector ? work_of(target, extent)
                 : work_with_inner(target, std::int64_t{extent.lanes} * extent.terms, inner, extent.lines, extent.terms);
-  loops_for(target, extent, work, is_vector ? Preparation::kOneLine : Preparation::kInner)
+  loops_for(target, extent, work, is_vector ? Preparation::kOneLine : Preparation::kInnerLeft)
       .product_on_left(target, x, y, inner, b, extent, mode);
 }
 
@@ -101,7 +103,8 @@ inline void multiply_on_right(const Target& target, const Operand& a, const Oper
                               const Operand& z, const Extent& extent, Mode mode) {
   const Work work =
       work_with_inner(target, std::int64_t{extent.lines} * extent.terms, inner, extent.lanes, extent.terms);
-  loops_for(target, extent, work, Preparation::kInner).product_on_right(target, a, y, inner, z, extent, mode);
+  loops_for(target, extent, work, extent.lines < 4 ? Preparation::kInnerFew : Preparation::kInnerRight)
+      .product_on_right(target, a, y, inner, z, extent, mode);
 }
 
 // target (+)= a b' + b a'
