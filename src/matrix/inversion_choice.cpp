@@ -90,14 +90,21 @@ double plain_steps(const double* packed, std::ptrdiff_t n, const Sparsity& s, do
   return steps;
 }
 
-// Is more than a third of it nonzero, as far as every sixteenth row tells? Then the tiles have less to do.
-bool is_dense(const double* packed, std::ptrdiff_t n) {
+// Where there are nonzeros, are more than a third of the elements, as far as every sixteenth row tells? Then the tiles
+// have less to do.
+bool is_in_blocks(const double* packed, std::ptrdiff_t n, const Sparsity& s) {
   std::ptrdiff_t nonzeros = 0;
   std::ptrdiff_t elements = 0;
   for (std::ptrdiff_t i = 15; i < n; i += 16) {
     const double* row = packed + packed_size(i);
-    nonzeros += (i + 1) - std::count(row, row + i + 1, 0.0);
-    elements += i + 1;
+    const std::uint64_t word = s.words[i / s.chunk];
+    for (std::ptrdiff_t first = 0; first <= i; first += s.chunk) {
+      if ((word >> first / s.chunk & 1) != 0) {
+        const std::ptrdiff_t count = std::min(s.chunk, i + 1 - first);
+        nonzeros += count - std::count(row + first, row + first + count, 0.0);
+        elements += count;
+      }
+    }
   }
   return 3 * nonzeros > elements;
 }
@@ -114,7 +121,8 @@ bool plain_loops_do_less(const double* packed, std::ptrdiff_t n, const Sparsity&
   const auto order = static_cast<double>(n);
   const double tile_steps = tile_products(n, sparsity) / static_cast<double>(width);
   const double enough = (tile_steps - 3.0 * order * order) / kMemory;
-  return enough > 0.0 && !is_dense(packed, n) && plain_steps(packed, n, sparsity, enough, indices) < enough;
+  return enough > 0.0 && !is_in_blocks(packed, n, sparsity) &&
+         plain_steps(packed, n, sparsity, enough, indices) < enough;
 }
 
 }  // namespace alidade

@@ -18,7 +18,7 @@ enum class Preparation {
   kNothing,     // they are used as they lie
   kCopies,      // stretches are copied, such as the diagonal blocks of a packed operand
   kTransposes,  // blocks are transposed
-  kTwoCopies,   // two operands are copied, for a sum of two products
+  kTwoCopies,   // two operands are copied
   kOneLine,     // a single line
   kInnerLeft,   // a product on the way is kept
   kInnerRight,  // and transposed
@@ -77,13 +77,14 @@ inline void multiply(const Target& target, const Operand& a, const Operand& b, c
     return;
   }
   const bool mirrors = a.layout == Operand::kPacked && !(target.triangle && b.layout == Operand::kPacked);
-  const bool transposes = a.layout == Operand::kPacked || a.layout == Operand::kTransposed;
+  const bool transposes = a.layout == Operand::kTransposed;
   const bool copies = b.layout == Operand::kPacked || mode.negate;
-  const Preparation preparation = mirrors            ? Preparation::kMirrors
-                                  : transposes       ? Preparation::kTransposes
-                                  : copies           ? Preparation::kCopies
-                                  : extent.lines > 1 ? Preparation::kNothing
-                                                     : Preparation::kOneLine;
+  const Preparation preparation = mirrors                        ? Preparation::kMirrors
+                                  : a.layout == Operand::kPacked ? Preparation::kTwoCopies
+                                  : transposes                   ? Preparation::kTransposes
+                                  : copies                       ? Preparation::kCopies
+                                  : extent.lines > 1             ? Preparation::kNothing
+                                                                 : Preparation::kOneLine;
   loops_for(target, extent, work_of(target, extent), preparation).product(target, a, b, extent, mode);
 }
 
