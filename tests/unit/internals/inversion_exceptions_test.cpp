@@ -25,7 +25,12 @@ constexpr int kCompared = FE_INVALID | FE_OVERFLOW | FE_DIVBYZERO;
 
 class InversionExceptions : public testing::Test {
 protected:
-  void SetUp() override { std::fegetenv(&saved_); }
+  void SetUp() override {
+    std::fegetenv(&saved_);
+    if (kernel_sets::all().size() == 1) {
+      GTEST_SKIP() << "there are the plain loops alone";
+    }
+  }
   void TearDown() override { std::fesetenv(&saved_); }
 
   // The exceptions that the plain loops raise.
