@@ -42,7 +42,7 @@ public:
   Panel operator[](int k) const { return {values_ + k * ld_ * terms_, ld_, terms_}; }
 
 private:
-  static constexpr std::ptrdiff_t kOnStack = 1024;  // 8 KB, so that the largest frame around it stays below 16
+  static constexpr std::ptrdiff_t kOnStack = 896;  // 7 KB, so that the largest frame around it stays below 16
   static_assert(kOnStack >= kCount * kBlockLanes, "a term at a time at least");
   std::ptrdiff_t ld_;
   std::ptrdiff_t terms_;
