@@ -26,8 +26,8 @@ enum class Preparation {
   kMirrors      // a packed operand supplies the lanes: the plain loops have to jump about in it
 };
 
-// How much there is to do: products = sums * terms; `least_terms` is the smaller of two sums' where one product stands
-// in the other.
+// How much there is to do: sums * terms products. Where one product stands in the other, `sums` counts the elements of
+// the one on the way, and `terms` what each of them costs and then meets; `least_terms` is the smaller of both counts.
 struct Work {
   std::int64_t sums;
   std::int64_t terms;
